@@ -1,0 +1,33 @@
+# The module: an object library for each subsystem, linked into one shared library. The tests and
+# tools of the project link the same objects (nuv64_objects) to reach what is hidden.
+set(NUV64_SUBSYSTEMS platform core numeric arrays fits data evaluation host)
+
+add_library(nuv64_objects INTERFACE)
+target_include_directories(nuv64_objects INTERFACE ${PROJECT_SOURCE_DIR}/include
+                           ${PROJECT_SOURCE_DIR}/src)
+target_compile_definitions(nuv64_objects INTERFACE NUV64_STATIC)
+set(nuv64_all_objects)
+foreach(subsystem IN LISTS NUV64_SUBSYSTEMS)
+    file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${subsystem}/*.cpp)
+    if(subsystem STREQUAL platform)
+        if(WIN32)
+            file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/platform/windows/*.cpp)
+        else()
+            file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/platform/posix/*.cpp)
+        endif()
+    endif()
+    if(sources)
+        add_library(nuv64_${subsystem} OBJECT ${sources})
+        target_include_directories(nuv64_${subsystem} PRIVATE ${PROJECT_SOURCE_DIR}/include
+                                   ${PROJECT_SOURCE_DIR}/src)
+        target_compile_definitions(nuv64_${subsystem} PRIVATE NUV64_BUILDING)
+        target_link_libraries(nuv64_${subsystem} PRIVATE nuv64_options)
+        list(APPEND nuv64_all_objects $<TARGET_OBJECTS:nuv64_${subsystem}>)
+        target_sources(nuv64_objects INTERFACE $<TARGET_OBJECTS:nuv64_${subsystem}>)
+    endif()
+endforeach()
+if(WIN32)
+    set(NUV64_SYSTEM_LIBRARIES ole32 shell32 comdlg32 user32 version advapi32)
+    target_link_libraries(nuv64_objects INTERFACE ${NUV64_SYSTEM_LIBRARIES})
+endif()
+target_link_libraries(nuv64_objects INTERFACE nuv64_options)
