@@ -100,10 +100,27 @@ struct cKoData : cKoListItem, cKoList {
     nuv64::Owned<double> ChannelStatistics;
     nuv64::Owned<std::uint32_t> ChannelKinds;
     double Results[kResultCount];
-    cKoData* Previous = nullptr;   // owned; the undo chain
-    cKoData* Evaluated = nullptr;  // owned; the result node
+    cKoData* Previous = nullptr;       // owned; the undo chain
+    cKoData* Evaluated = nullptr;      // owned; the result node
     std::uint64_t BlockAxisCount = 0;  // values in BlockAxis, 0 for none
     nuv64::Owned<double> BlockAxis;    // explicit block-axis values, seconds
+
+  private:
+    struct Matrix;
+    void releaseChildren(cKoList& heap) noexcept;
+    void freeMatrix() noexcept;
+    void clearFields() noexcept;
+    void adopt(Matrix& matrix, std::uint64_t points, std::uint64_t channels) noexcept;
+    std::uint32_t copyFieldsFrom(const cKoData& other);
+    std::uint32_t copyTreeFrom(const cKoData& other);
+    void takeFrom(cKoData& other) noexcept;
+    std::uint32_t mergeEvaluated(const double* const head[2], std::uint64_t headCount,
+                                 const double* const tail[2], std::uint64_t tailCount);
+    std::uint32_t noise(std::uint64_t channel, std::uint64_t from, std::uint64_t n);
+    std::uint32_t extreme(std::uint64_t channel, std::uint64_t slot, std::uint64_t from,
+                          std::uint64_t n);
+    std::uint32_t strongest(std::uint64_t channel, std::uint64_t slot, std::uint64_t from,
+                            std::uint64_t n);
 };
 
 namespace nuv64 {

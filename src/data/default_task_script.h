@@ -1,0 +1,8 @@
+// The task script that a freshly loaded experiment carries.
+#pragma once
+
+namespace nuv64 {
+
+extern const char* const kDefaultTaskScript;
+
+}  // namespace nuv64
