@@ -29,7 +29,7 @@ NUV64_API uint32_t RMatFill(uint64_t rows, uint64_t cols, double* matrix,
 NUV64_API uint32_t RMatZero(uint64_t rows, uint64_t cols, double* matrix) NUV64_NOEXCEPT;
 
 /* A new matrix of rows + extra rows with M in the top of each column and 0.0 below, owned by the
- * caller. Null for a null M, a size of 0 and when memory is short. */
+ * caller. Null for a null M, for a result of size 0 and when memory is short. */
 NUV64_API double* NewRMatAppendRows0(const double* M, uint64_t rows, uint64_t cols,
                                      uint64_t extra) NUV64_NOEXCEPT;
 

@@ -20,7 +20,7 @@ typedef uint32_t (*MultiParamScore)(MultiParamFit* fit);
 typedef uint32_t (*MultiParamCallback)(MultiParamFit* fit, uint32_t code);
 
 struct MultiParamFit {
-    uint32_t flags;          /* low byte: residual norm; 0x100 relative; bit 31: best-so-far callbacks */
+    uint32_t flags; /* low byte: residual norm; 0x100 relative; bit 31: best-so-far callbacks */
     uint64_t parameterCount; /* all parameters */
     double** parameters;     /* owned list of pointers to the caller's values */
     double** fitted;         /* owned list, null where a parameter is held fixed */
