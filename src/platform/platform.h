@@ -5,6 +5,7 @@
 // slot.
 #pragma once
 
+#include <cerrno>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -15,6 +16,17 @@ namespace nuv64::platform {
 // The thread's last-error slot: the system's code of the last failed call, 0 after a success.
 std::uint32_t lastError() noexcept;
 void setLastError(std::uint32_t code) noexcept;
+
+// The system's codes for failures that are found before the system is asked.
+#ifdef _WIN32
+inline constexpr std::uint32_t kErrorInvalidHandle = 6;
+inline constexpr std::uint32_t kErrorOutOfMemory = 8;
+inline constexpr std::uint32_t kErrorInvalidArgument = 87;
+#else
+inline constexpr std::uint32_t kErrorInvalidHandle = EBADF;
+inline constexpr std::uint32_t kErrorOutOfMemory = ENOMEM;
+inline constexpr std::uint32_t kErrorInvalidArgument = EINVAL;
+#endif
 
 // UTF-8 <-> UTF-16; an ill-formed sequence becomes U+FFFD.
 std::string utf8FromWide(std::u16string_view text);
@@ -101,6 +113,14 @@ CalendarTime universalTime() noexcept;
 std::uint64_t performanceCount() noexcept;
 std::uint64_t performanceFrequency() noexcept;  // counts in a second
 std::uint64_t sessionMilliseconds() noexcept;   // since the system started
+
+// Blocks of the system's own allocators, beside the C runtime's: the process heap, and the global
+// memory that clipboards take (fixed blocks). Both are the C runtime's heap where a system has
+// neither. Null when there is none to be had; free accepts null.
+void* heapAllocate(std::uint64_t bytes) noexcept;
+void heapFree(void* block) noexcept;
+void* globalAllocate(std::uint64_t bytes) noexcept;
+void globalFree(void* block) noexcept;
 
 // Console.
 bool inputIsTerminal() noexcept;
