@@ -22,6 +22,10 @@ target_compile_options(nuv64_options INTERFACE -ffp-contract=off -fno-math-errno
 target_compile_options(nuv64_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
     $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # GCC 12 warns inside its own std::string, at text + std::string&& (GCC bug 105651).
+    target_compile_options(nuv64_options INTERFACE -Wno-restrict)
+endif()
 if(NUV64_WERROR)
     target_compile_options(nuv64_options INTERFACE -Werror)
 endif()
@@ -29,6 +33,9 @@ if(NUV64_SANITIZE)
     target_compile_options(nuv64_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(nuv64_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(NUV64_FUZZ)
+    target_compile_options(nuv64_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 if(WIN32)
     target_compile_definitions(nuv64_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
