@@ -212,7 +212,7 @@ std::uint32_t runFfcProfile(cKoData& node, EvpRecord& evp, NuvCommandBlock* bloc
     const std::vector<SelectedZone> zones = selectZones(node, evp);
     if (zones.empty()) {
         OsMessageA(kWarning, "No zones to build an NMRD profile", nullptr);
-        return status::kNothingSelected;
+        return status::kIllegalInput;
     }
     return buildProfile(node, evp, kModes[evp.Mode - 1], zones, components, block);
 }
