@@ -20,6 +20,13 @@ namespace fs = std::filesystem;
 constexpr std::uint32_t kCsvTable = 10;
 constexpr std::uint32_t kCsvOfEvaluated = 0x2;
 
+// The module would take an empty text for the script that is stored in the data.
+std::string readScript(const fs::path& path) {
+    std::string script = readFile(path);
+    if (script.empty() || script[0] == 0) throw Failure{kMissingScript, "script " + utf8(path)};
+    return script;
+}
+
 // Reports of a failed run are told too: they say which step failed.
 void runScript(Host& host, const Arguments& arguments, const std::string& script,
                const RunDisplay& display) {
@@ -77,7 +84,7 @@ void writeProfile(Host& host, const fs::path& path) {
 }  // namespace
 
 void evaluate(const Arguments& arguments) {
-    const std::string script = readFile(*arguments.script);
+    const std::string script = readScript(*arguments.script);
     RunDisplay display(arguments.quiet, isTerminal(stderr));
     Host host(&display);
     for (const fs::path& file : arguments.files) host.load(file);

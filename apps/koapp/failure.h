@@ -12,7 +12,7 @@ inline constexpr std::uint32_t kDiskFull = 53;
 inline constexpr std::uint32_t kMissingFile = 56;
 inline constexpr std::uint32_t kFileNotAccessible = 58;
 inline constexpr std::uint32_t kIllegalFileName = 59;
-inline constexpr std::uint32_t kUnexpectedFileEnd = 62;
+inline constexpr std::uint32_t kMissingScript = 67;
 inline constexpr std::uint32_t kAllocationFailure = 0x80001;
 
 struct Failure {

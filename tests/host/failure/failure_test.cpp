@@ -1,0 +1,235 @@
+// No memory: allocation number 1, 2, 3 ... of a road fails, once or from then on, until the road
+// comes to its end. Each time there is a status, nothing leaks, and Data is as it was before the
+// command that failed.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "data/data_object.h"
+#include "evaluation/task_engine.h"
+#include "host/failure/failing_allocator.h"
+#include "host/sample_file.h"
+#include "nuv64/data/data_object.h"
+#include "nuv64/host/command.h"
+
+namespace nuv64::test {
+namespace {
+
+constexpr std::uint32_t kNoMemory = 0x80001;
+constexpr std::uint64_t kAllOnes = UINT64_MAX;
+
+// Everything that a node holds, as bytes.
+class Fingerprint {
+  public:
+    static std::string of(const cKoData* data) {
+        Fingerprint print;
+        for (; data; data = data->Previous) print.node(*data);
+        return print.bytes_;
+    }
+
+  private:
+    template <class T>
+    void value(const T& from) {
+        bytes_.append(reinterpret_cast<const char*>(&from), sizeof from);
+    }
+    template <class T>
+    void block(const T* from, std::uint64_t count) {
+        value(from != nullptr);
+        if (from) bytes_.append(reinterpret_cast<const char*>(from), count * sizeof(T));
+    }
+    template <class Ch>
+    void text(const Owned<Ch>& from) {
+        block(from.get(), from ? std::char_traits<Ch>::length(from.get()) : 0);
+    }
+
+    void node(const cKoData& data) {
+        value(data.Flags);
+        value(data.ZoneNumber);
+        value(data.DataSourceId);
+        value(data.DataSourceName);
+        value(data.ExperimentType);
+        value(data.HostMark);
+        text(data.ExperimentName);
+        text(data.FileTitle);
+        text(data.FileFolder);
+        text(data.FilePath);
+        text(data.ExportPath);
+        text(data.Parameters.Text);
+        value(data.Parameters.LineCount);
+        text(data.TaskScript);
+        value(data.AxisGrid);
+        value(data.AxisFirst);
+        value(data.AxisLast);
+        text(data.AxisUnit);
+        value(data.Channels);
+        value(data.Points);
+        block(data.Samples.get(), data.Channels * data.Points);
+        block(data.ChannelKinds.get(), data.Channels);
+        block(data.Results, cKoData::kResultCount);
+        block(data.BlockAxis.get(), data.BlockAxisCount);
+        value(data.ChildCount());
+        for (const cKoData* child = data.FirstChild(); child; child = child->Next()) node(*child);
+        value(data.Evaluated != nullptr);
+        if (data.Evaluated) node(*data.Evaluated);
+    }
+
+    std::string bytes_;
+};
+
+std::uint64_t readFile(std::uint32_t event, NuvCommandBlock* block) {
+    if (event != EvLoadByHost) return 0;
+    const auto& request = *reinterpret_cast<const HostLoadRequest*>(block->Input);
+    return LoadKoDataEx(request.Data, static_cast<std::uint32_t>(request.SourceType), request.Path);
+}
+
+std::uint64_t word(const void* pointer) {
+    return reinterpret_cast<std::uintptr_t>(pointer);
+}
+
+// Runs a command with its allocations counted.
+std::uint32_t runCounted(NuvCommandBlock* block, std::uint32_t command, std::uint64_t input) {
+    block->Input = input;
+    Counted counted;
+    NuvCommand(command, block);
+    return block->Status;
+}
+
+// A command that must be done or leave no trace; run again after a failure, it must be done.
+// False when it failed.
+bool runOrLeave(NuvCommandBlock* block, std::uint32_t command, std::uint64_t input, Failing kind) {
+    const std::string before = Fingerprint::of(block->Data);
+    const std::uint32_t status = runCounted(block, command, input);
+    if (status == 0) return true;
+    EXPECT_TRUE(allocationFailed()) << "command " << command << ", status " << status;
+    EXPECT_EQ(status, kNoMemory) << "command " << command;
+    EXPECT_TRUE(Fingerprint::of(block->Data) == before) << "command " << command;
+    planFailure(0, kind);
+    EXPECT_EQ(runCounted(block, command, input), 0u) << "command " << command << ", run again";
+    return false;
+}
+
+class NoMemory : public ::testing::TestWithParam<Failing> {
+  protected:
+    NoMemory() { sample_.write(sampleText(2, 5, 3)); }
+
+    // Opens, describes, loads, evaluates, writes the profile, closes. Each step may fail.
+    void takeRoad() const {
+        table_.remove();
+        NuvCommandBlock* block = open();
+        if (!block) return;
+        const std::u16string from = sample_.module(), to = table_.module();
+        ApplicationInfo info{};
+        info.TextCapacity = 1024;
+        info.ApplicationKind = 2;
+        LoadRequest load{5, from.c_str(), 0x200, nullptr};
+        ExportRequest table{10, to.c_str(), nullptr, kAllOnes, kAllOnes, 0};
+        if (runOrLeave(block, CmdApplicationInfo, word(&info), GetParam()) &&
+            runOrLeave(block, CmdLoad, word(&load), GetParam()) &&
+            runOrLeave(block, CmdRunScript, word(kSampleScript), GetParam())) {
+            runOrLeaveTable(block, table);
+        }
+        {
+            Counted counted;
+            NuvCommand(CmdClose, block);
+        }
+    }
+
+    TemporaryFile sample_{"failure.sdf"};
+    TemporaryFile table_{"failure.csv"};
+
+  private:
+    static NuvCommandBlock* open() {
+        NuvCommandBlock* block = nullptr;
+        {
+            Counted counted;
+            block = NuvCommand(CmdOpen, nullptr);
+        }
+        EXPECT_EQ(block == nullptr, allocationFailed());
+        if (block) block->Callback = readFile;
+        return block;
+    }
+
+    // A table that failed may have begun its file.
+    void runOrLeaveTable(NuvCommandBlock* block, ExportRequest& request) const {
+        const std::string before = Fingerprint::of(block->Data);
+        const std::uint32_t status = runCounted(block, CmdExport, word(&request));
+        if (status == 0) return;
+        EXPECT_TRUE(allocationFailed()) << status;
+        EXPECT_EQ(status, kNoMemory);
+        EXPECT_TRUE(Fingerprint::of(block->Data) == before);
+    }
+};
+
+TEST_P(NoMemory, AnywhereOnTheRoadLeavesNoTrace) {
+    planFailure(0, GetParam());
+    takeRoad();  // what the module makes once for all is made now
+    std::uint64_t which = 1;
+    for (; !HasFailure(); ++which) {
+        const std::int64_t before = liveBlocks();
+        planFailure(which, GetParam());
+        takeRoad();
+        ASSERT_EQ(liveBlocks(), before) << "allocation " << which;
+        if (!allocationFailed()) break;
+    }
+    planFailure(0, GetParam());
+    EXPECT_FALSE(table_.read().empty());
+    std::cout << "allocations of the road: " << which - 1 << "\n";
+    EXPECT_GT(which, 100u);
+}
+
+// A command on the evaluated sample, with its input made anew for every try.
+struct Trial {
+    std::uint32_t command;
+    std::uint64_t input;
+};
+
+TEST_P(NoMemory, InAnyCommandLeavesDataAsItWas) {
+    const std::u16string from = sample_.module();
+    LoadRequest load{5, from.c_str(), 0x200, nullptr};
+    ParameterRequest set{kAllOnes, "T1MX", 0, "0.25"}, get{0, "BRLX", 0, nullptr};
+    const Trial trials[] = {{CmdLoad, word(&load)},
+                            {CmdExtractBlock, 1 + 4096},
+                            {CmdParameterList, 1},
+                            {CmdSetParameter, word(&set)},
+                            {CmdGetParameter, word(&get)},
+                            {CmdRestoreZonePrevious, 0},
+                            {CmdRestoreZoneOldest, 1},
+                            {CmdLocalTimeText, 0},
+                            {CmdRunScript, word(kSampleScript)}};
+    for (const Trial& trial : trials) {
+        const bool givesText = trial.command == CmdParameterList ||
+                               trial.command == CmdGetParameter ||
+                               trial.command == CmdLocalTimeText;
+        for (std::uint64_t which = 1; !HasFailure(); ++which) {
+            planFailure(0, GetParam());
+            NuvCommandBlock* block = NuvCommand(CmdOpen, nullptr);
+            block->Callback = readFile;
+            ASSERT_EQ(runCounted(block, CmdLoad, word(&load)), 0u);
+            ASSERT_EQ(runCounted(block, CmdRunScript, word(kSampleScript)), 0u);
+            const std::int64_t before = liveBlocks();
+            planFailure(which, GetParam());
+            runOrLeave(block, trial.command, trial.input, GetParam());
+            const bool failed = allocationFailed();
+            planFailure(0, GetParam());
+            if (givesText) {
+                auto* text = reinterpret_cast<char*>(block->Output);
+                runCounted(block, CmdKillText, word(&text));
+                ASSERT_EQ(liveBlocks(), before) << trial.command << ", allocation " << which;
+            }
+            NuvCommand(CmdClose, block);
+            if (!failed && which > 1) break;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Allocations, NoMemory,
+                         ::testing::Values(Failing::Once, Failing::FromThenOn),
+                         [](const auto& info) {
+                             return info.param == Failing::Once ? "Once" : "FromThenOn";
+                         });
+
+}  // namespace
+}  // namespace nuv64::test

@@ -1,0 +1,181 @@
+# Runs koapp: cmake -DKOAPP=... -DSOURCE=... -DWORK=... -DWINDOWS_PROGRAM=... -P koapp_test.cmake
+cmake_minimum_required(VERSION 3.25)
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK})
+set(sample ${SOURCE}/two_zones.sdf)
+set(script ${SOURCE}/rates.task)
+
+# run(STATUS argument...): the program must end with STATUS; out and err take what it printed.
+function(run status)
+    execute_process(COMMAND ${KOAPP} ${ARGN} WORKING_DIRECTORY ${WORK} RESULT_VARIABLE result
+                    OUTPUT_VARIABLE out ERROR_VARIABLE err)
+    string(REPLACE "\r\n" "\n" out "${out}")
+    string(REPLACE "\r\n" "\n" err "${err}")
+    set(called "koapp ${ARGN}")
+    if(NOT result STREQUAL "${status}")
+        fault("status ${result} instead of ${status}\n${out}${err}")
+    endif()
+    foreach(variable out err called)
+        set(${variable} "${${variable}}" PARENT_SCOPE)
+    endforeach()
+endfunction()
+
+function(fault text)
+    set_property(GLOBAL APPEND PROPERTY faults x)
+    message("${called}: ${text}")
+endfunction()
+
+function(expect variable pattern)
+    if(NOT "${${variable}}" MATCHES "${pattern}")
+        fault("no '${pattern}' in ${variable}:\n${${variable}}")
+    endif()
+endfunction()
+
+function(expect_empty variable)
+    if(NOT "${${variable}}" STREQUAL "")
+        fault("${variable} is not empty:\n${${variable}}")
+    endif()
+endfunction()
+
+function(expect_file name pattern)
+    set(content "")
+    if(EXISTS ${WORK}/${name})
+        file(READ ${WORK}/${name} content)
+    endif()
+    string(REPLACE "\r\n" "\n" content "${content}")
+    expect(content "${pattern}")
+endfunction()
+
+function(expect_no_file name)
+    if(EXISTS ${WORK}/${name})
+        fault("${name} exists")
+    endif()
+endfunction()
+
+# Help and version, wherever they stand.
+run(0 --help)
+expect(out "koapp evaluate FILE")
+expect_empty(err)
+run(0 info --help)
+expect(out "^Usage:")
+run(0 --version)
+expect(out "^koapp [0-9]+[.][0-9]+[.][0-9]+\n$")
+
+# Wrong usage.
+foreach(wrong "" "bogus" "info" "info;a;b" "info;a;--quiet" "evaluate" "evaluate;a"
+              "evaluate;--script;s" "evaluate;a;--script" "evaluate;a;--script;s;--bogus"
+              "evaluate;a;--script;s;--script;t" "evaluate;a;--script=" "--bogus")
+    run(2 ${wrong})
+    expect(err "^koapp: .*\n\nUsage:")
+    expect_empty(out)
+endforeach()
+
+# What a file holds.
+run(0 info ${sample})
+expect(out "two_zones[.]sdf\nSTELAR, 2 zones\n")
+expect(out "zone  number  sequence  blocks  points  BRLX .MHz.  block axis\n")
+expect(out "\n *1 +1  NP/S +8 +4 +10  logarithmic 0[.]01 [.][.] 1 s\n")
+expect(out "\n *2 +2  NP/S +8 +4 +0[.]5  logarithmic")
+expect(out "\nParameters of all zones\n.*  NBLK = 8\n")
+expect(out "\nParameters of zone 2\n  ZONE = 2\n  BRLX = 0[.]5\n")
+expect_empty(err)
+configure_file(${sample} "${WORK}/a b ä.sdf" COPYONLY)
+run(0 info "a b ä.sdf")
+expect(out "a b ä[.]sdf\nSTELAR")
+
+# Files that are none.
+run(1 info missing.sdf)
+expect(err "^koapp: missing[.]sdf: status 56: Missing file\n$")
+expect_empty(out)
+file(WRITE ${WORK}/empty.sdf "")
+run(1 info empty.sdf)
+expect(err "status 56: Missing file")
+file(WRITE ${WORK}/other.sdf "something else\n")
+run(1 info other.sdf)
+expect(err "status 56: Missing file")
+file(WRITE ${WORK}/head.sdf "STELAR Data File\n")
+run(1 info head.sdf)
+expect(err "status 62: Unexpected file end")
+
+# The whole road.
+run(0 evaluate ${sample} --script ${script} --report r.txt --csv c.csv --profile-csv=p.csv)
+expect(out "#QARRAY: completed\n.*#FIT: completed\n.*#FFCPROFILE: completed\n")
+expect(out " *1 +10 +[0-9.]+\n")
+expect_empty(err)
+expect_file(r.txt "^#QARRAY: completed\n.*#FFCPROFILE: completed\n")
+expect_file(c.csv "^Zone,BRLX,Axis,Real,Imaginary,Fit\n1,10,0[.]0")
+expect_file(c.csv "\n2,0[.]5,1,[0-9.e+]+,0,[0-9.e+]+\n$")
+expect_file(p.csv "^10,(4|4[.]0000[0-9]*|3[.]9999[0-9]*)\n0[.]5,(8|8[.]0000[0-9]*|7[.]9999[0-9]*)\n$")
+
+# Files that exist are replaced.
+run(0 evaluate ${sample} --script ${script} --report r.txt --csv c.csv --profile-csv p.csv --quiet)
+expect_empty(out)
+expect_empty(err)
+expect_file(p.csv "^10,")
+expect_no_file(p.csv.new)
+
+# Several files append their zones.
+run(0 evaluate ${sample} ${sample} --script ${script} --profile-csv four.csv --quiet)
+expect_file(four.csv "^10,[^\n]*\n0[.]5,[^\n]*\n10,[^\n]*\n0[.]5,[^\n]*\n$")
+
+# Scripts that are none, or that fail.
+run(1 evaluate ${sample} --script missing.task --csv no.csv)
+expect(err "^koapp: missing[.]task: status 56: Missing file\n$")
+file(WRITE ${WORK}/empty.task "")
+run(1 evaluate ${sample} --script empty.task)
+expect(err "^koapp: script empty[.]task: status 67: Missing/Invalid evaluation task script\n$")
+file(WRITE ${WORK}/nostep.task "no step\n")
+run(1 evaluate ${sample} --script nostep.task)
+expect(err "status 67: Missing/Invalid evaluation task script")
+file(WRITE ${WORK}/unknown.task "#QARRAY,1,0,1,,0,-1\n#NOSUCHNAME,1\n")
+run(1 evaluate ${sample} --script unknown.task --report failed.txt --csv no.csv --profile-csv no2.csv)
+expect(out "#QARRAY: completed\n.* Error: Unknown evaluation procedure mode\n")
+expect(err "^koapp: script unknown[.]task: status 69: Unknown evaluation procedure mode\n$")
+expect_file(failed.txt " Error: Unknown evaluation procedure mode\n")
+expect_no_file(no.csv)
+expect_no_file(no2.csv)
+
+# A script without curves or without a profile has none to write.
+file(WRITE ${WORK}/report.task "#REPORT,1,0,0z0b0\n")
+run(1 evaluate ${sample} --script report.task --csv no.csv)
+expect(err "no zone has a curve: status 14: Missing input data")
+run(1 evaluate ${sample} --script report.task --profile-csv no.csv)
+expect(err "made no profile: status 14: Missing input data")
+expect_no_file(no.csv)
+
+# Places that take no file.
+run(1 evaluate ${sample} --script ${script} --quiet --report no/folder.txt)
+expect(err "status 58: File not accessible")
+run(1 evaluate ${sample} --script ${script} --quiet --csv no/folder.csv)
+expect(err "status 58: File not accessible")
+run(1 evaluate ${sample} --script ${script} --quiet --profile-csv no/folder.csv)
+expect(err "status 59: Illegal file name")
+
+# A full disk.
+if(EXISTS /dev/full AND NOT WINDOWS_PROGRAM)
+    foreach(option --report --csv)
+        run(1 evaluate ${sample} --script ${script} --quiet ${option} /dev/full)
+        expect(err "^koapp: /dev/full: status 53: Disk is full\n$")
+    endforeach()
+    run(1 evaluate ${sample} --script ${script} --quiet --profile-csv /dev/full)
+    expect(err "^koapp: /dev/full: status 59: Illegal file name\n$")
+    set(koapp ${KOAPP})
+    foreach(arguments "info ${sample}" "--help" "evaluate ${sample} --script ${script}")
+        set(KOAPP sh -c "${koapp} ${arguments} > /dev/full")
+        run(1)
+        expect(err "^koapp: standard output: status 53: Disk is full\n$")
+    endforeach()
+    # Files may not grow: the module doesn't see that, the program does.
+    set(KOAPP sh -c "trap '' XFSZ; ulimit -f 0; ${koapp} evaluate ${sample} --script ${script} --quiet --profile-csv p.csv")
+    file(WRITE ${WORK}/p.csv "old\n")
+    run(1)
+    expect(err "^koapp: p.csv: status 58: File not accessible\n$")
+    expect_file(p.csv "^old\n$")
+    expect_no_file(p.csv.new)
+endif()
+
+get_property(faults GLOBAL PROPERTY faults)
+list(LENGTH faults count)
+if(NOT count EQUAL 0)
+    message(FATAL_ERROR "${count} faults")
+endif()
