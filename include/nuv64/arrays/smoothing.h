@@ -6,10 +6,12 @@
  * of squared coefficients, by which white noise is multiplied.
  *
  * Statuses: 14 null input, 18 null output, 21 missing settings, 0x80001 when memory is short or
- * when the coefficients can't be found (fewer points than order + 1, d above order).
+ * when the coefficients can't be found: fewer points than order + 1, d above order, or normal
+ * equations that RMatInvert takes for singular, as it does for high orders far off the centre of a
+ * wide window (order 5, 41 points, shift 20).
  * Source: A. Savitzky, M. J. E. Golay, Anal. Chem. 36 (1964) 1627; shifted filters as in
  * P. A. Gorry, Anal. Chem. 62 (1990) 570. Accuracy: the normal equations lose about twice the
- * digits of the Vandermonde matrix; up to order 5 and 41 points coefficients hold to 1e-9. */
+ * digits of the Vandermonde matrix; up to order 5 and 41 points coefficients hold to 1e-12. */
 #ifndef NUV64_ARRAYS_SMOOTHING_H
 #define NUV64_ARRAYS_SMOOTHING_H
 
@@ -32,7 +34,8 @@ NUV64_API uint64_t RArrSGpoints(uint64_t d, double width, uint64_t* order) NUV64
 /* The `points` coefficients of the filter for derivative d, evaluated shift samples to the right of
  * the window's centre; shift need not be whole. *gain (may be null) becomes the noise gain.
  * The result belongs to the caller (RArrKill); null when the filter doesn't exist (no points, fewer
- * points than order + 1, d above order) or memory is short. */
+ * points than order + 1, d above order, normal equations singular to working precision) or memory
+ * is short. */
 NUV64_API double* RArrNewSGcoeff(uint64_t d, uint64_t points, uint64_t order, double shift,
                                  double* gain) NUV64_NOEXCEPT;
 

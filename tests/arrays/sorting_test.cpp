@@ -1,0 +1,153 @@
+#include "nuv64/arrays/sorting.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+
+#include "arrays/array_samples.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+// Random keys with many ties, ascending, descending, all equal.
+std::vector<std::vector<double>> keySets(uint64_t n) {
+    std::vector<double> ties(n), up(n), down(n);
+    const auto random = samples::random(n);
+    for (uint64_t i = 0; i < n; ++i) {
+        ties[i] = std::floor(random[i] / 3.0);
+        up[i] = static_cast<double>(i);
+        down[i] = -up[i];
+    }
+    return {random, ties, up, down, std::vector<double>(n, 4.0)};
+}
+
+TEST(Sorting, AscendingAndDescending) {
+    double a[] = {1, 3, 2};
+    EXPECT_EQ(RArrIpHeapSort(3, a, -1), a);
+    EXPECT_THAT(a, ElementsAre(3, 2, 1));
+    for (uint64_t n : samples::lengths()) {
+        for (const auto& keys : keySets(n)) {
+            auto expected = keys, sorted = keys, copied = std::vector<double>(n, 7.0);
+            std::sort(expected.begin(), expected.end());
+            EXPECT_EQ(RArrIpHeapSort(n, sorted.data(), 1), sorted.data());
+            EXPECT_EQ(sorted, expected);
+            EXPECT_EQ(RArrHeapSortCopy(n, keys.data(), copied.data(), 0), 0u);
+            EXPECT_EQ(copied, expected);
+            std::reverse(expected.begin(), expected.end());
+            EXPECT_EQ(RArrHeapSortCopy(n, keys.data(), copied.data(), -1), 0u);
+            EXPECT_EQ(copied, expected);
+            EXPECT_EQ(RArrHeapSortCopy(n, sorted.data(), sorted.data(), -5), 0u);
+            EXPECT_EQ(sorted, expected);
+        }
+    }
+}
+
+TEST(Sorting, NullAndEmpty) {
+    double one = 1.0;
+    EXPECT_EQ(RArrIpHeapSort(0, &one, 1), nullptr);
+    EXPECT_EQ(RArrIpHeapSort(3, nullptr, 1), nullptr);
+    EXPECT_EQ(RArrHeapSortCopy(1, nullptr, nullptr, 1), 18u);
+    EXPECT_EQ(RArrHeapSortCopy(1, nullptr, &one, 1), 14u);
+    EXPECT_EQ(RArrHeapSortCopy(0, &one, &one, 1), 14u);
+    EXPECT_EQ(RArrHeapSortCopy(1, &one, &one, 1), 0u);
+    EXPECT_EQ(RArrHeapSortR(nullptr, 5, &one, nullptr, nullptr, nullptr, nullptr, nullptr),
+              nullptr);
+    EXPECT_EQ(RArrHeapSortR(&one, 1, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), &one);
+    EXPECT_EQ(RArrHeapSortR(&one, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), &one);
+    EXPECT_EQ(RArrHeapSortD(nullptr, 5, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
+              nullptr);
+    EXPECT_EQ(RArrHeapSortL(nullptr, 5, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
+              nullptr);
+    uint64_t word[] = {2, 1};
+    EXPECT_EQ(RArrHeapSortDR(word, nullptr, 2, nullptr, nullptr, nullptr), word);
+    EXPECT_EQ(word[0], 2u);
+    EXPECT_EQ(RArrHeapSortDR(nullptr, &one, 2, nullptr, nullptr, nullptr), nullptr);
+}
+
+TEST(Sorting, CompanionsStayWithTheirKeys) {
+    for (uint64_t n : samples::lengths()) {
+        for (const auto& keys : keySets(n)) {
+            auto key = keys;
+            std::vector<double> twice(n);
+            std::vector<uint64_t> place(n);
+            std::vector<const double*> address(n);
+            for (uint64_t i = 0; i < n; ++i) {
+                twice[i] = 2.0 * key[i];
+                place[i] = i;
+                address[i] = &keys[i];
+            }
+            EXPECT_EQ(RArrHeapSortR(key.data(), n, twice.data(), nullptr, place.data(), nullptr,
+                                    nullptr, address.data()),
+                      key.data());
+            EXPECT_TRUE(std::is_sorted(key.begin(), key.end()));
+            std::vector<bool> seen(n, false);
+            for (uint64_t i = 0; i < n; ++i) {
+                EXPECT_EQ(key[i], keys[place[i]]);
+                EXPECT_EQ(twice[i], 2.0 * key[i]);
+                EXPECT_EQ(address[i], &keys[place[i]]);
+                seen[place[i]] = true;
+            }
+            EXPECT_EQ(std::count(seen.begin(), seen.end(), true), static_cast<int64_t>(n));
+        }
+    }
+}
+
+TEST(Sorting, AllSixCompanionsMove) {
+    double key[] = {5, 1, 4, 2, 3};
+    double c[6][5];
+    for (auto& row : c) std::copy(key, key + 5, row);
+    RArrHeapSortR(key, 5, c[0], c[1], c[2], c[3], c[4], c[5]);
+    EXPECT_THAT(key, ElementsAre(1, 2, 3, 4, 5));
+    for (auto& row : c) EXPECT_THAT(row, ElementsAre(1, 2, 3, 4, 5));
+}
+
+TEST(Sorting, WordsAreComparedAsTheirType) {
+    uint64_t words[] = {UINT64_MAX, 0, uint64_t{1} << 63, 5};
+    double mark[] = {1, 2, 3, 4};
+    EXPECT_EQ(RArrHeapSortD(words, 4, mark, nullptr, nullptr, nullptr, nullptr, nullptr), words);
+    EXPECT_THAT(words, ElementsAre(0, 5, uint64_t{1} << 63, UINT64_MAX));
+    EXPECT_THAT(mark, ElementsAre(2, 4, 3, 1));
+    int64_t longs[] = {-1, 0, INT64_MIN, 5};
+    EXPECT_EQ(RArrHeapSortL(longs, 4, mark, nullptr, nullptr, nullptr, nullptr, nullptr), longs);
+    EXPECT_THAT(longs, ElementsAre(INT64_MIN, -1, 0, 5));
+}
+
+TEST(Sorting, TheSecondKeyDecidesTies) {
+    for (uint64_t n : samples::lengths()) {
+        const auto random = samples::random(n, 9);
+        std::vector<uint64_t> first(n), place(n);
+        std::vector<double> second = samples::random(n, 8);
+        for (uint64_t i = 0; i < n; ++i) {
+            first[i] = static_cast<uint64_t>(std::fabs(random[i])) / 3;
+            place[i] = i;
+        }
+        std::vector<std::pair<uint64_t, double>> expected;
+        for (uint64_t i = 0; i < n; ++i) expected.emplace_back(first[i], second[i]);
+        const auto unsorted = expected;
+        std::sort(expected.begin(), expected.end());
+        EXPECT_EQ(RArrHeapSortDR(first.data(), second.data(), n, place.data(), nullptr, nullptr),
+                  first.data());
+        for (uint64_t i = 0; i < n; ++i) {
+            EXPECT_EQ(first[i], expected[i].first);
+            EXPECT_EQ(second[i], expected[i].second);
+            EXPECT_EQ(unsorted[place[i]], expected[i]);
+        }
+    }
+}
+
+TEST(Sorting, NotANumbersLoseNothing) {
+    for (uint64_t n : samples::lengths()) {
+        auto a = samples::rough(n);
+        auto before = samples::bits(a);
+        RArrIpHeapSort(n, a.data(), 1);
+        auto after = samples::bits(a);
+        std::sort(before.begin(), before.end());
+        std::sort(after.begin(), after.end());
+        EXPECT_EQ(before, after);
+    }
+}
+
+}  // namespace
