@@ -22,10 +22,12 @@ void setLastError(std::uint32_t code) noexcept;
 inline constexpr std::uint32_t kErrorInvalidHandle = 6;
 inline constexpr std::uint32_t kErrorOutOfMemory = 8;
 inline constexpr std::uint32_t kErrorInvalidArgument = 87;
+inline constexpr std::uint32_t kErrorFileExists = 80;
 #else
 inline constexpr std::uint32_t kErrorInvalidHandle = EBADF;
 inline constexpr std::uint32_t kErrorOutOfMemory = ENOMEM;
 inline constexpr std::uint32_t kErrorInvalidArgument = EINVAL;
+inline constexpr std::uint32_t kErrorFileExists = EEXIST;
 #endif
 
 // UTF-8 <-> UTF-16; an ill-formed sequence becomes U+FFFD.

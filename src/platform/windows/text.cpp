@@ -3,6 +3,11 @@
 
 namespace nuv64::platform {
 
+static_assert(kErrorInvalidHandle == ERROR_INVALID_HANDLE);
+static_assert(kErrorOutOfMemory == ERROR_NOT_ENOUGH_MEMORY);
+static_assert(kErrorInvalidArgument == ERROR_INVALID_PARAMETER);
+static_assert(kErrorFileExists == ERROR_FILE_EXISTS);
+
 std::uint32_t lastError() noexcept {
     return ::GetLastError();
 }
