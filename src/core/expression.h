@@ -31,7 +31,7 @@ namespace nuv64 {
 // that starts an evaluator hands the chain of its own one on (cKoExpression::chain).
 struct ExpressionChain {
     static constexpr std::uint32_t kDepthLimit = 128;
-    static constexpr std::uint32_t kEvaluationLimit = 4096;
+    static constexpr std::uint32_t kEvaluationLimit = 1000;
 
     std::uint32_t depth = 0;        // formulas, parentheses and function calls open now
     std::uint32_t evaluations = 0;  // formulas ever begun
