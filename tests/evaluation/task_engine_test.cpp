@@ -109,7 +109,7 @@ TEST_F(TaskEngine, AFailingStepTellsWhatItWroteBefore) {
     EXPECT_EQ(RunEvp(&root(), &report, &host.block), 14u);
     const std::string text = host.reports();
     EXPECT_TRUE(text.starts_with("#REPORT\n Error: "));
-    EXPECT_NE(text.find("\n Stop evaluation\n Channels: 3\n Points: 8\n 0\t0 0 0\n 1\t1 1 -1"),
+    EXPECT_NE(text.find("\n Stop evaluation\n Channels: 3\n Points: 8\n 0\t0 0 -0\n 1\t1 1 -1"),
               std::string::npos)
         << text;
 }
