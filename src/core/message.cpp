@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/console_host.h"
+#include "core/formatter.h"
 #include "core/guard.h"
 #include "core/owned.h"
 #include "core/system_text.h"
@@ -102,6 +103,15 @@ std::uint32_t showMessage(std::uint32_t kind, const Ch* text, const Ch* title) n
     });
 }
 
+template <class Ch>
+std::uint32_t showFormatted(std::uint32_t kind, const Ch* format, va_list arguments) noexcept {
+    return guardValue(kFailedBox, [&] {
+        const std::basic_string<Ch> text =
+            format ? formatToString(format, arguments) : std::basic_string<Ch>();
+        return showMessage<Ch>(kind, text.c_str(), nullptr);
+    });
+}
+
 }  // namespace
 
 }  // namespace nuv64
@@ -114,4 +124,20 @@ uint32_t OsMessage(uint32_t kind, const char16_t* text, const char16_t* title) n
 
 uint32_t OsMessageA(uint32_t kind, const char* text, const char* title) noexcept {
     return showMessage(kind, text, title);
+}
+
+uint32_t OsMessagef(uint32_t kind, const char16_t* format, ...) noexcept {
+    va_list arguments;
+    va_start(arguments, format);
+    const uint32_t answer = showFormatted(kind, format, arguments);
+    va_end(arguments);
+    return answer;
+}
+
+uint32_t OsMessagefA(uint32_t kind, const char* format, ...) noexcept {
+    va_list arguments;
+    va_start(arguments, format);
+    const uint32_t answer = showFormatted(kind, format, arguments);
+    va_end(arguments);
+    return answer;
 }
