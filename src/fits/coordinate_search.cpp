@@ -28,24 +28,29 @@ class CoordinateSearch {
         return fit_.calls >= fit_.maxCalls ? kTooManyCalls : kSuccess;
     }
 
-    std::uint32_t evaluate(double* parameter, double x, double* score) {
+    struct Point {
+        double x;  // as the score function left it: it may clamp
+        double score;
+    };
+
+    std::uint32_t evaluate(double* parameter, double x, Point* point) {
         *parameter = x;
         const std::uint32_t status = evaluateScore(fit_);
-        *score = fit_.score;
+        *point = {*parameter, fit_.score};
         return status;
     }
 
-    std::uint32_t accept(double* parameter, double x, double score) {
-        place_ = x;
+    std::uint32_t accept(double* parameter, const Point& point) {
+        place_ = point.x;
         improved_ = true;
-        *parameter = x;
-        return recordBest(fit_, score);
+        *parameter = point.x;
+        return recordBest(fit_, point.score);
     }
 
     // Leaves the parameter at its best place, also when the limit of calls is reached on the way.
     std::uint32_t searchAlong(double* parameter, double s) {
         place_ = *parameter;
-        std::uint32_t status = probe(parameter, s);
+        const std::uint32_t status = probe(parameter, s);
         if (status == kSuccess || status == kTooManyCalls) {
             *parameter = place_;
             fit_.score = fit_.bestScore;
@@ -55,18 +60,18 @@ class CoordinateSearch {
 
     std::uint32_t probe(double* parameter, double s) {
         const double start = place_;
-        double below = 0.0;
-        double above = 0.0;
+        Point below{};
+        Point above{};
         std::uint32_t status = evaluate(parameter, start - s, &below);
         const bool stopsHere = status == kSuccess && limit() != kSuccess;
         if (status == kSuccess && !stopsHere) status = evaluate(parameter, start + s, &above);
         if (status != kSuccess) return status;
-        if (below < fit_.bestScore) {
-            status = accept(parameter, start - s, below);
+        if (below.score < fit_.bestScore) {
+            status = accept(parameter, below);
             return status == kSuccess ? walk(parameter, -s) : status;
         }
-        if (!stopsHere && above < fit_.bestScore) {
-            status = accept(parameter, start + s, above);
+        if (!stopsHere && above.score < fit_.bestScore) {
+            status = accept(parameter, above);
             return status == kSuccess ? walk(parameter, s) : status;
         }
         return limit();
@@ -75,12 +80,11 @@ class CoordinateSearch {
     std::uint32_t walk(double* parameter, double s) {
         std::uint32_t status = limit();
         while (status == kSuccess) {
-            double score = 0.0;
-            const double next = place_ + s;
-            status = evaluate(parameter, next, &score);
+            Point next{};
+            status = evaluate(parameter, place_ + s, &next);
             if (status != kSuccess) return status;
-            if (!(score < fit_.bestScore)) return limit();
-            status = accept(parameter, next, score);
+            if (!(next.score < fit_.bestScore)) return limit();
+            status = accept(parameter, next);
             if (status == kSuccess) status = limit();
         }
         return status;
