@@ -37,10 +37,17 @@ NUV64_API uint32_t MultiLinearFitChebyshev(uint64_t terms, double* coefs, uint64
                                            const double* x, const double* y,
                                            const double* weights) NUV64_NOEXCEPT;
 
-/* Coefficients of y = (sum for k = 0 to p-1 of a[k]*f(x, k))/(1 + sum for k = 1 to q-1 of
- * b[k]*f(x, k)), p = numeratorTerms, q = denominatorTerms, f = basis; made linear by multiplying
- * the denominator out, so that the residuals are weighted by it. coefs receives the p numbers a[k],
- * then b[1] to b[q-1].
+/* Coefficients for the model y = (sum for k = 0 to p-1 of a[k]*f(x, k))/(1 + sum for k = 1 to q-1
+ * of b[k]*f(x, k)), p = numeratorTerms, q = denominatorTerms, f = basis. It is made linear by
+ * multiplying the denominator out; coefs receives the p numbers of the numerator, then the q - 1 of
+ * the denominator, as the solution of the system of N = p + q - 1 rows that sums over the points
+ *   row r < p:   w f_r f_c for the columns c < p, w y f_r f_(c-p+1) for the others; right side
+ *                w y f_r
+ *   row r >= p:  -w y f_(r-p+1) f_c for the columns c < p, -w y^2 f_(r-p+1) f_(c-p+1) for the
+ *                others; right side w y^2 f_(r-p+1)
+ * These signs are fixed. They are not those of the least-squares problem, whose right side in the
+ * lower rows has a minus: for q above 1 the numbers don't minimise the residuals, and a curve that
+ * is exactly such a quotient isn't given back. For q = 1 this is MultiLinearFit.
  * Status: as MultiLinearFit, 14 when p + q is below 2. */
 NUV64_API uint32_t RationalFit(uint64_t numeratorTerms, uint64_t denominatorTerms, double* coefs,
                                uint64_t n, const double* x, const double* y, const double* weights,
