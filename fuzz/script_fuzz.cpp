@@ -16,9 +16,11 @@
 namespace {
 
 constexpr std::size_t kMostSteps = 12;
-constexpr int kMostFits = 40;
+constexpr int kMostFits = 6;        // later ones are stopped as they begin
+constexpr int kMostProgress = 100;  // of all fits together
 
 int fits = 0;
+int progress = 0;
 
 std::uint64_t listen(std::uint32_t event, NuvCommandBlock* block) {
     const auto* input = reinterpret_cast<const void*>(static_cast<std::uintptr_t>(block->Input));
@@ -28,6 +30,7 @@ std::uint64_t listen(std::uint32_t event, NuvCommandBlock* block) {
     }
     if (event == EvFitProgress && std::strlen(static_cast<const char*>(input)) >= 512) std::abort();
     if (event == EvFitBegin && ++fits > kMostFits) block->Output |= 1;
+    if (event == EvFitProgress && ++progress > kMostProgress) block->Output |= 1;
     return 0;
 }
 
@@ -99,6 +102,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     block.Callback = listen;
     block.Data = makeExperiment().release();
     fits = 0;
+    progress = 0;
     const cKoData* before = block.Data;
     const std::uint32_t status = nuv64::runScriptCommand(&block, script.c_str());
     if (status != 0 && block.Data != before) std::abort();
