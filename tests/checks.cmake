@@ -60,3 +60,33 @@ if(plain_build)
     add_test(NAME tools COMMAND Python3::Interpreter -m unittest discover -s tests/tools -p *_test.py
              WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
 endif()
+
+# Hosts build and run against the installed package.
+if(NOT NUV64_SANITIZE)
+    set(package_arguments)
+    if(CMAKE_CROSSCOMPILING)
+        list(APPEND package_arguments -DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}
+             "-DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR}")
+    else()
+        find_program(PKG_CONFIG pkg-config)
+        list(APPEND package_arguments -DPKG_CONFIG=${PKG_CONFIG})
+    endif()
+    add_test(NAME package COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR}
+             -DSOURCE=${CMAKE_CURRENT_SOURCE_DIR}/package -DWORK=${PROJECT_BINARY_DIR}/package_test
+             -DC=${CMAKE_C_COMPILER} -DCXX=${CMAKE_CXX_COMPILER} ${package_arguments}
+             -P ${CMAKE_CURRENT_SOURCE_DIR}/package/package_test.cmake)
+endif()
+
+# The example: its files are what its script makes, and koapp finds the rates that were put in.
+set(examples ${PROJECT_SOURCE_DIR}/examples)
+if(TARGET koapp)
+    set(profile ${PROJECT_BINARY_DIR}/example_profile.csv)
+    add_test(NAME example.evaluate COMMAND koapp evaluate ${examples}/ffc_example.sdf
+             --script ${examples}/profile.task --profile-csv ${profile} --quiet)
+    add_test(NAME example.rates COMMAND Python3::Interpreter ${examples}/compare.py ${profile})
+    set_tests_properties(example.evaluate PROPERTIES FIXTURES_SETUP example_profile)
+    set_tests_properties(example.rates PROPERTIES FIXTURES_REQUIRED example_profile)
+endif()
+if(plain_build)
+    add_test(NAME example.files COMMAND Python3::Interpreter ${examples}/make_example.py --check)
+endif()
