@@ -22,9 +22,9 @@ enum CsvFlags : std::uint32_t {
 
 // path is a wide file name, or null to ask the user (63 when that is cancelled). Lines end in CR
 // LF, reals have six digits. The node remembers the path. Status: 14 with nothing to write, 59 for
-// a name that can't be, 48 for a file that can't be opened. A node without the target that the
-// flags ask for is left alone, status 0. Writing itself is not watched: a disk that fills up
-// leaves a table cut short, status 0.
+// a name that can't be, 48 for a file that exists already or can't be made. A node without the
+// target that the flags ask for is left alone, status 0. Writing itself is not watched: a disk that
+// fills up leaves a table cut short, status 0.
 std::uint32_t ExportNodeCsv(cKoData* node, std::uint32_t flags, const char16_t* path);
 
 }  // namespace nuv64

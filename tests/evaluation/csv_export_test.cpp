@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#ifdef __linux__
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -29,6 +35,7 @@ class CsvExport : public ::testing::Test {
     ~CsvExport() override { std::filesystem::remove(file); }
 
     std::string table(cKoData& node, std::uint32_t flags) {
+        std::filesystem::remove(file);
         EXPECT_EQ(ExportNodeCsv(&node, flags, path.c_str()), 0u);
         std::ifstream in(file, std::ios::binary);
         std::ostringstream text;
@@ -119,7 +126,7 @@ TEST_F(CsvExport, BlocksOfDifferentShape) {
     const auto zone = makeZone(3, 2);
     zone->ChildAt(1)->SetShape(1, 2, 1, 0, 0);
     EXPECT_EQ(table(*zone, CsvWholeZone),
-              "Block,1,,2,,3\r\n0,0,0,0,0,100.000\r\n1.00000,1.00000,NaN,NaN,1.00000,101.000\r\n");
+              "Block,1,,2,,3\r\n0,0,0,0,0,200.000\r\n1.00000,1.00000,NaN,NaN,1.00000,201.000\r\n");
     zone->ChildAt(2)->SetShape(0, 0, 0, 0, 0);
     EXPECT_EQ(ExportNodeCsv(zone.get(), CsvWholeZone, path.c_str()), 14u);
 }
@@ -151,7 +158,8 @@ TEST_F(CsvExport, Failures) {
     cKoData empty;
     EXPECT_EQ(ExportNodeCsv(&empty, 0, path.c_str()), 14u);
     EXPECT_EQ(ExportNodeCsv(&empty, CsvWholeZone, path.c_str()), 0u);
-    EXPECT_EQ(ExportNodeCsv(block.get(), 0, u""), 59u);
+    EXPECT_EQ(ExportNodeCsv(block.get(), 0, u"\\tmp\\what?.csv"), 59u);
+    EXPECT_EQ(ExportNodeCsv(block.get(), 0, u"nuv64 bare new name.csv"), 59u);
     EXPECT_FALSE(std::filesystem::exists(file));
     const std::u16string nowhere =
         platform::wideFromUtf8((file.parent_path() / "no such folder" / "a.csv").string());
@@ -164,10 +172,29 @@ TEST_F(CsvExport, ACancelledDialog) {
     EXPECT_EQ(ExportNodeCsv(block.get(), 0, nullptr), 63u);
 }
 
+TEST_F(CsvExport, AnExistingFileIsNeverOverwritten) {
+    const auto block = makeBlock(2, 0.0);
+    std::ofstream(file) << "mine";
+    EXPECT_EQ(ExportNodeCsv(block.get(), 0, path.c_str()), 48u);
+    std::ifstream in(file);
+    std::string text;
+    in >> text;
+    EXPECT_EQ(text, "mine");
+}
+
 #ifdef __linux__
+// A limit on the size of files stands for a full disk. The table is cut short and nobody is told.
 TEST_F(CsvExport, AFullDiskIsNotNoticed) {
     const auto block = makeBlock(20000, 0.0);
-    EXPECT_EQ(ExportNodeCsv(block.get(), 0, u"\\dev\\full"), 0u);
+    rlimit old{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{40000, old.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    EXPECT_EQ(ExportNodeCsv(block.get(), 0, path.c_str()), 0u);
+    setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(std::filesystem::file_size(file), 40000u);
 }
 #endif
 
