@@ -9,10 +9,17 @@ namespace {
 
 constexpr int64_t kInvalid = INT64_MIN;
 
+// Halves away from zero. Not std::round: that of the Windows runtime adds one half, which turns
+// 0.49999999999999994 into 1.
+double roundToNearest(double x) {
+    const double whole = std::trunc(x);
+    return std::fabs(x - whole) >= 0.5 ? whole + std::copysign(1.0, x) : whole;
+}
+
 // x rounded to nearest and limited to [low, high]; the real limits are those of the type.
 template <class Integer>
 bool toInterval(double x, Integer* out, Integer low, Integer high, double typeLow, double typeEnd) {
-    const double rounded = std::round(x);
+    const double rounded = roundToNearest(x);
     Integer value = low;
     bool inside = false;
     if (rounded >= typeEnd) {
@@ -50,7 +57,7 @@ double rCeil(double x) noexcept {
 }
 
 double rRound(double x) noexcept {
-    return std::round(x);
+    return roundToNearest(x);
 }
 
 double rTrunc(double x) noexcept {
@@ -103,7 +110,7 @@ int64_t iCeil(double x) noexcept {
 }
 
 int64_t iRound(double x) noexcept {
-    return nuv64::truncateToQlong(std::round(x));
+    return nuv64::truncateToQlong(roundToNearest(x));
 }
 
 int64_t iSymFloor(double x) noexcept {
@@ -123,7 +130,7 @@ int64_t iCeilFrac(double x, double* fraction) noexcept {
 }
 
 int64_t iRoundFrac(double x, double* fraction) noexcept {
-    return split(x, std::round(x), fraction);
+    return split(x, roundToNearest(x), fraction);
 }
 
 int64_t iSymFloorFrac(double x, double* fraction) noexcept {
