@@ -9,6 +9,7 @@
 
 #include "core/guard.h"
 #include "core/owned.h"
+#include "fits/decay_kernel.h"
 #include "fits/exponential_fits.h"
 #include "fits/minimiser.h"
 #include "fits/residual_norm.h"
@@ -62,11 +63,6 @@ std::uint64_t parameterCount(std::uint64_t components) noexcept {
     return 2 * components + 1;
 }
 
-void addDecay(std::uint64_t n, const double* x, double weight, double rate,
-              double* model) noexcept {
-    for (std::uint64_t i = 0; i < n; ++i) model[i] += weight * std::exp(-rate * x[i]);
-}
-
 // Keeps the parameters where the curve can tell of them: at the third point 5 percent of a
 // component must be left at least, at the last point 95 percent at most.
 void clampParameters(const ScoreData& data) noexcept {
@@ -77,21 +73,32 @@ void clampParameters(const ScoreData& data) noexcept {
     }
 }
 
-double weighted(const ScoreData& data, std::uint64_t i) noexcept {
+double weightedResidual(const ScoreData& data, std::uint64_t i) noexcept {
     const double residual = residualNorm(data.y[i], data.model[i], data.flags);
     return data.spacings ? residual * data.spacings[i] : residual;
 }
 
-double sumResiduals(const ScoreData& data) noexcept {
+// The common case of squared residuals without weights, which needs no decisions inside.
+double sumSquares(const ScoreData& data) noexcept {
     double sum = 0.0;
-    for (std::uint64_t i = 0; i < data.n; ++i) sum += weighted(data, i);
+    for (std::uint64_t i = 0; i < data.n; ++i) {
+        const double d = data.y[i] - data.model[i];
+        sum += d * d;
+    }
+    return sum;
+}
+
+double sumResiduals(const ScoreData& data) noexcept {
+    if (isPlainSquare(data.flags) && !data.spacings) return sumSquares(data);
+    double sum = 0.0;
+    for (std::uint64_t i = 0; i < data.n; ++i) sum += weightedResidual(data, i);
     return sum;
 }
 
 double largestResidual(const ScoreData& data) noexcept {
     double largest = 0.0;
     for (std::uint64_t i = 0; i < data.n; ++i) {
-        const double residual = weighted(data, i);
+        const double residual = weightedResidual(data, i);
         if (residual > largest) largest = residual;
     }
     return largest;

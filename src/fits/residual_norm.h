@@ -13,6 +13,12 @@ inline bool keepsLargest(std::uint32_t flags) noexcept {
     return (flags & 5) != 0;
 }
 
+// The norm is the square of the difference, nothing else.
+inline bool isPlainSquare(std::uint32_t flags) noexcept {
+    const std::uint32_t norm = flags & 0xFF;
+    return (norm == 0 || norm > 5) && !(flags & kRelativeNorm);
+}
+
 inline double residualNorm(double observed, double model, std::uint32_t flags) noexcept {
     double d = std::fabs(observed - model);
     if (d == 0.0) return 0.0;

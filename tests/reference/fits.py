@@ -1,16 +1,19 @@
 #!/usr/bin/env python3
-"""Makes the tables of the fit tests; all numbers are exact doubles.
+"""Makes the tables of the fit tests; arguments are exact doubles.
 
 usage: /usr/bin/python3 tests/reference/fits.py searches > tests/fits/searches_reference.inc
        /usr/bin/python3 tests/reference/fits.py decays > tests/fits/decays_reference.inc
+       /usr/bin/python3 tests/reference/fits.py exponentials > tests/fits/exponentials_reference.inc
 
 Searches: a plain transcription of the minimiser's steps, run on the same doubles, must give the
 same number of evaluations and the same last bits. Decays: scipy's bounded least squares (trust
-region, from several starts) gives the weights, rates and offset that fit best.
+region, from several starts) gives the weights, rates and offset that fit best. Exponentials: by
+mpmath, to 30 digits.
 """
 import math
 import sys
 
+import mpmath
 import numpy as np
 from scipy.optimize import least_squares
 
@@ -231,7 +234,22 @@ def decays():
     print("};")
 
 
-print("// Made by tests/reference/fits.py; all numbers exact doubles.")
+def exponentials():
+    mpmath.mp.dps = 50
+    rng = np.random.default_rng(1414)
+    ln2 = math.log(2.0)
+    halves = [(k + 0.5) * ln2 for k in (-1000, -100, -10, -2, -1, 0, 1, 2, 10, 100, 1000)]
+    edges = [math.nextafter(t, t + s) for t in halves for s in (-1.0, 1.0)]
+    values = [0.0, -0.0, 1e-300, -1e-300, 2.0**-53, -(2.0**-53), 1e-8, 1.0, -1.0, -708.0, -707.999, 709.78, 709.7]
+    values += list(rng.uniform(-708, 709.7, 60)) + list(rng.uniform(-2, 2, 60)) + list(rng.uniform(-50, 0, 60))
+    print("// t, exp(t)")
+    print("const double kExponentials[][2] = {")
+    for t in values + halves + edges:
+        print(f"    {{{float(t).hex()}, {mpmath.nstr(mpmath.exp(mpmath.mpf(float(t))), 30)}}},")
+    print("};")
+
+
+print("// Made by tests/reference/fits.py; arguments exact.")
 print("// clang-format off")
-{"searches": searches, "decays": decays}[sys.argv[1]]()
+{"searches": searches, "decays": decays, "exponentials": exponentials}[sys.argv[1]]()
 print("// clang-format on")
