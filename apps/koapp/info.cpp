@@ -56,7 +56,8 @@ std::string zoneTable(Host& host) {
     for (std::uint64_t zone = 0; node; ++zone, node = nextSibling(*node)) {
         table.add({numberText(zone + 1), numberText(node->ZoneNumber),
                    host.text(CmdExperimentName, zone), numberText(host.number(CmdBlockCount, zone)),
-                   numberText(host.number(CmdBlockPoints, zone)), host.parameter(zone, "BRLX"),
+                   numberText(host.number(CmdBlockPoints, zone)),
+                   shortened(host.parameter(zone, "BRLX"), kShownDigits),
                    axisText(host, zone, *node)});
     }
     return table.text();

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <concepts>
 #include <string>
+#include <system_error>
 
 namespace koapp {
 
@@ -21,6 +22,15 @@ inline std::string numberText(double value, int significant) {
                                       : std::to_chars(text, text + sizeof text, value,
                                                       std::chars_format::general, significant);
     return {text, end.ptr};
+}
+
+// The number that a text is, shortened for the eye; a text that is none, such as a formula, as it
+// is.
+inline std::string shortened(const std::string& text, int significant) {
+    double value = 0;
+    const char* end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, value);
+    return read.ec == std::errc() && read.ptr == end ? numberText(value, significant) : text;
 }
 
 }  // namespace koapp

@@ -138,7 +138,7 @@ TEST_F(ApplicationCommands, LocalTimeIsUnpadded) {
     EXPECT_LE(part[3], 23u);
     EXPECT_LE(part[4], 59u);
     std::string unpadded = std::to_string(part[0]);
-    for (int i = 1; i < 6; ++i) unpadded += "-- ::"[i] + std::to_string(part[i]);
+    for (int i = 1; i < 6; ++i) unpadded += "--- ::"[i] + std::to_string(part[i]);
     EXPECT_EQ(text, unpadded);
 }
 

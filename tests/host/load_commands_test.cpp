@@ -200,10 +200,13 @@ class ExportCommand : public LoadCommands {
 TEST_F(ExportCommand, WritesABlock) {
     makeData(2, 3, 2);
     const std::u16string path = table_.module();
+    cKoData* const node = block_->Data->ChildAt(1)->ChildAt(2);
+    node->Channel(1)[0] = 0.25;
+    node->Channel(1)[1] = -2.0;
     ExportRequest request = csv(path, 1, 2);
     EXPECT_EQ(run(CmdExport, &request), 0u);
-    EXPECT_EQ(request.Node, block_->Data->ChildAt(1)->ChildAt(2));
-    EXPECT_EQ(table_.read(), "0,1200,0\r\n0,1201,0\r\n");
+    EXPECT_EQ(request.Node, node);
+    EXPECT_EQ(table_.read(), "0,0.250000,0\r\n0,-2.00000,0\r\n");
     EXPECT_EQ(std::u16string(request.Node->ExportPath.get()), path);
 }
 
@@ -231,9 +234,9 @@ TEST_F(ExportCommand, ResolvesItsNode) {
     request = csv(path, kAllOnes, 0);
     EXPECT_EQ(run(CmdExport, &request), 14u);
     EXPECT_EQ(request.Node, block_->Data);
-    // A block that isn't there is no node, and nothing is done.
+    // A block that isn't there is no node.
     request = csv(path, 0, 7);
-    EXPECT_EQ(run(CmdExport, &request), 0u);
+    EXPECT_EQ(run(CmdExport, &request), 14u);
     EXPECT_EQ(request.Node, nullptr);
     EXPECT_FALSE(std::filesystem::exists(table_.path()));
 }

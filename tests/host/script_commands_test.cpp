@@ -168,7 +168,9 @@ class RestoreCommands : public UndoCommands {
     void makeChain() {
         makeData(3);
         for (std::uint64_t state = 1; state <= 3; ++state) {
-            if (state > 1) ASSERT_NE(PushSnapshot(&block_->Data), nullptr);
+            if (state > 1) {
+                ASSERT_NE(PushSnapshot(&block_->Data), nullptr);
+            }
             for (std::uint64_t zone = 0; zone < 3; ++zone) {
                 block_->Data->ChildAt(zone)->HostMark = 10 * state + zone;
             }

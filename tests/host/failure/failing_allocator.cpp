@@ -111,6 +111,10 @@ void planFailure(std::uint64_t which, Failing kind) noexcept {
     state.failed = false;
 }
 
+void stopFailing() noexcept {
+    state.which = 0;
+}
+
 std::uint64_t countedAllocations() noexcept {
     return state.counted;
 }

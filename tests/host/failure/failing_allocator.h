@@ -12,6 +12,9 @@ enum class Failing { Once, FromThenOn };
 // it and all behind it. Number 0: none.
 void planFailure(std::uint64_t which, Failing kind) noexcept;
 
+// From here on nothing fails any more; what was counted and whether something failed stays.
+void stopFailing() noexcept;
+
 // Allocations counted since the plan was made, and whether one was made to fail.
 std::uint64_t countedAllocations() noexcept;
 bool allocationFailed() noexcept;
