@@ -18,11 +18,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         nuv64::MemoryLineSource source(text);
         std::string_view discriminator;
         source.next(discriminator);
-        cKoAsciZones zones;
-        const std::uint32_t status = nuv64::parseStelarZones(source, zones);
+        const nuv64::SourceIdentity identity(5, u"C:\\fuzz.sdf");
+        nuv64::ZoneImport import(identity);
+        const std::uint32_t status = nuv64::parseStelarZones(source, import);
         if (status != nuv64::kSuccess) return status;
         cKoData root;
-        nuv64::appendZones(zones, nuv64::SourceIdentity(5, u"C:\\fuzz.sdf"), root);
+        import.finish(root);
         cKoAsciZone written;
         if (cKoData* zone = root.FirstChild()) nuv64::stelarZoneFromData(*zone, written);
         return nuv64::kSuccess;

@@ -144,7 +144,8 @@ std::uint64_t cKoData::SiblingCount() const noexcept {
 // A node can't become a child of itself or of its own descendant: 26.
 std::uint32_t cKoData::AppendChild(cKoData* child) noexcept {
     if (!child) return nuv64::kSuccess;
-    for (const cKoData* node = this; node; node = node->Parent()) {
+    if (child == this) return kIllegalArgument;
+    for (const cKoData* node = Parent(); node && child->Count() != 0; node = node->Parent()) {
         if (node == child) return kIllegalArgument;
     }
     return AddItem(child);

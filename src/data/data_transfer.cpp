@@ -21,12 +21,14 @@ constexpr std::uint32_t kUnknownSource = 65;
 // What the root takes is ready before the first zone is appended, so that a success is whole.
 std::uint32_t loadStelar(cKoData& data, const char16_t* path) {
     cKoStelarData reader;
-    std::uint32_t status = reader.Open(path);
+    std::uint32_t status = reader.Select(path);
     if (status != nuv64::kSuccess) return status;
     nuv64::SourceIdentity source(NUV64_SOURCE_STELAR, reader.file.path.get());
     nuv64::OwnedText script =
         nuv64::copyText(nuv64::kDefaultTaskScript, std::strlen(nuv64::kDefaultTaskScript));
-    status = nuv64::appendZones(reader, source, data);
+    nuv64::ZoneImport import(source);
+    status = reader.Read(import);
+    if (status == nuv64::kSuccess) status = import.finish(data);
     if (status != nuv64::kSuccess) return status;
     source.moveTo(data);
     data.TaskScript = std::move(script);

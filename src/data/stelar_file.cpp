@@ -27,22 +27,27 @@ std::uint32_t cKoStelarData::choose(const char16_t* path) {
 }
 
 // A file of another kind counts as missing too.
-std::uint32_t cKoStelarData::readZones() {
+std::uint32_t cKoStelarData::readZones(nuv64::ZoneSink& sink) {
     if (file.CheckDiscriminator(nuv64::kStelarDiscriminator, 0) != 0) return kMissingFile;
     file.ReadLineAndDrop();
     nuv64::FileLineSource source(file);
-    return nuv64::guardStatus([&] { return nuv64::parseStelarZones(source, *this); });
+    return nuv64::guardStatus([&] { return nuv64::parseStelarZones(source, sink); });
 }
 
-std::uint32_t cKoStelarData::Open(const char16_t* path) {
+std::uint32_t cKoStelarData::Select(const char16_t* path) {
     file.Close();
     Clear(1);
     state = 0;
     folder.reset();
-    std::uint32_t status = choose(path);
-    if (status != nuv64::kSuccess) return status;
-    folder.reset(NewFilePathFraction(file.path.get(), kFolderPart));
-    status = readZones();
+    const std::uint32_t status = choose(path);
+    if (status == nuv64::kSuccess) {
+        folder.reset(NewFilePathFraction(file.path.get(), kFolderPart));
+    }
+    return status;
+}
+
+std::uint32_t cKoStelarData::Read(nuv64::ZoneSink& sink) {
+    const std::uint32_t status = readZones(sink);
     file.Close();
     if (status == nuv64::kSuccess) {
         state |= kLoaded;
@@ -52,4 +57,10 @@ std::uint32_t cKoStelarData::Open(const char16_t* path) {
         file.Reset();
     }
     return status;
+}
+
+std::uint32_t cKoStelarData::Open(const char16_t* path) {
+    nuv64::ZoneCollector collector(*this);
+    const std::uint32_t status = Select(path);
+    return status == nuv64::kSuccess ? Read(collector) : status;
 }

@@ -16,13 +16,16 @@ struct cKoStelarData : cKoAsciZones {
 
     // Reads all zones of a file; a null path asks the user. On failure the object is empty.
     std::uint32_t Open(const char16_t* path);
+    // The two halves of Open, for another receiver of the zones: names the file, and reads it.
+    std::uint32_t Select(const char16_t* path);
+    std::uint32_t Read(nuv64::ZoneSink& sink);
 
     nuv64::OwnedWideText folder;
     cKoFile file;
 
   private:
     std::uint32_t choose(const char16_t* path);
-    std::uint32_t readZones();
+    std::uint32_t readZones(nuv64::ZoneSink& sink);
 };
 
 namespace nuv64 {
@@ -31,8 +34,8 @@ namespace nuv64 {
 inline constexpr char kStelarDiscriminator[] = "STELAR Data File";
 
 // Reads the zones behind the discriminator line. 27 for an unknown layout, 62 for an end before any
-// zone. Throws when memory is short.
-std::uint32_t parseStelarZones(LineSource& source, cKoAsciZones& zones);
+// zone, and what the sink gives. Throws when memory is short.
+std::uint32_t parseStelarZones(LineSource& source, ZoneSink& sink);
 
 // The zone that a Stelar file holds for a node and its blocks. 14 without parameters or points.
 std::uint32_t stelarZoneFromData(const cKoData& node, cKoAsciZone& zone);

@@ -43,7 +43,7 @@ struct Line {
 
 class StelarParser {
   public:
-    StelarParser(LineSource& source, cKoAsciZones& zones) : source_(source), zones_(zones) {}
+    StelarParser(LineSource& source, ZoneSink& sink) : source_(source), sink_(sink) {}
 
     std::uint32_t run() {
         std::uint64_t layout = 0;
@@ -51,13 +51,14 @@ class StelarParser {
         if (status != kSuccess) return status;
         while (status == kSuccess) status = nextZone(layout);
         if (status != kUnexpectedEnd) return status;
-        return zones_.Count() != 0 ? kSuccess : kMissingData;
+        return zoneRead_ ? kSuccess : kMissingData;
     }
 
   private:
     Line readLine();
     std::uint32_t detectLayout(std::uint64_t& layout);
     std::uint32_t nextZone(std::uint64_t& layout);
+    std::uint32_t handOver(std::uint32_t ending);
     std::uint32_t parseZone(cKoAsciZone& zone, std::uint64_t layout);
     std::uint32_t parseParameters(cKoAsciZone& zone, std::uint64_t layout);
     std::uint32_t addParameter(cKoAsciZone& zone, std::uint64_t layout);
@@ -70,7 +71,10 @@ class StelarParser {
     }
 
     LineSource& source_;
-    cKoAsciZones& zones_;
+    ZoneSink& sink_;
+    std::unique_ptr<cKoAsciZone> zone_;
+    cKoAsciPars inherited_;  // parameters of the previous zone of a headed run
+    bool zoneRead_ = false;
     bool atRunStart_ = true;  // no zone of the present run has been read
     bool cutInside_ = false;  // the parameters ended at the start of another run
     std::string key_;
@@ -120,21 +124,33 @@ std::uint32_t StelarParser::nextZone(std::uint64_t& layout) {
     } else if (stepBack(line) != kSuccess) {
         return kFileSystemError;
     }
-    auto zone = std::make_unique<cKoAsciZone>();
+    if (zone_) {
+        zone_->Recycle();
+    } else {
+        zone_ = std::make_unique<cKoAsciZone>();
+    }
     std::uint64_t workingLayout = layout;
+    std::uint32_t status = kSuccess;
     if (layout == kHeadedLayout && !atRunStart_) {
-        std::uint32_t status = detectLayout(workingLayout);
+        status = detectLayout(workingLayout);
         if (status == kSuccess && workingLayout == kSequenceLayout) {
-            status = zone->pars.CopyFrom(&zones_.LastZone()->pars);
+            status = zone_->pars.CopyFrom(&inherited_);
         }
         if (status != kSuccess) return status;
     }
     atRunStart_ = false;
-    const std::uint32_t status = parseZone(*zone, workingLayout);
-    zone->format = layout;
-    zone->Shrink();
-    zones_.AddItem(zone.release());
-    return status;
+    const std::uint32_t ending = parseZone(*zone_, workingLayout);
+    zone_->format = layout;
+    return handOver(ending);
+}
+
+// The last zone is handed over too, before the status that ended it ends the walk.
+std::uint32_t StelarParser::handOver(std::uint32_t ending) {
+    std::uint32_t status = kSuccess;
+    if (zone_->format == kHeadedLayout) status = inherited_.CopyFrom(&zone_->pars);
+    if (status == kSuccess) status = sink_.accept(zone_);
+    zoneRead_ = true;
+    return status != kSuccess ? status : ending;
 }
 
 std::uint32_t StelarParser::parseZone(cKoAsciZone& zone, std::uint64_t layout) {
@@ -215,8 +231,8 @@ std::uint32_t StelarParser::parseData(cKoAsciZone& zone) {
 
 }  // namespace
 
-std::uint32_t parseStelarZones(LineSource& source, cKoAsciZones& zones) {
-    return StelarParser(source, zones).run();
+std::uint32_t parseStelarZones(LineSource& source, ZoneSink& sink) {
+    return StelarParser(source, sink).run();
 }
 
 }  // namespace nuv64

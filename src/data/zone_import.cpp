@@ -23,37 +23,6 @@ constexpr std::uint32_t kMissingParameters = 21;
 constexpr std::uint64_t kSignalChannels = 3;  // time, real, imaginary
 constexpr double kMicroseconds = 1e-6;
 
-// How many points may be made that no data line can fill. A file that was cut short leaves some; a
-// file that lies about its sizes must not take the machine's memory.
-class SpareRoom {
-  public:
-    explicit SpareRoom(const cKoAsciZones& zones) {
-        for (auto* zone = zones.FirstZone(); zone; zone = nextZone(zone)) {
-            points_ += 8 * zone->lineCount;
-        }
-    }
-
-    // False when the room is used up, for this zone and all that follow.
-    bool take(std::uint64_t blocks, std::uint64_t points, std::uint64_t lines) {
-        const std::uint64_t filled = std::min(blocks, lines / points + (lines % points != 0));
-        const std::uint64_t unfilled = filled * points - std::min(filled * points, lines);
-        const std::uint64_t emptyBlocks = blocks - filled;
-        if (points > points_ || unfilled > points_) return false;
-        points_ -= unfilled;
-        if (emptyBlocks > points_ / (points + kBlockCost)) return false;
-        points_ -= emptyBlocks * (points + kBlockCost);
-        return true;
-    }
-
-    static cKoAsciZone* nextZone(cKoAsciZone* zone) {
-        return static_cast<cKoAsciZone*>(zone->Next());
-    }
-
-  private:
-    static constexpr std::uint64_t kBlockCost = 48;  // an empty block, in points
-    std::uint64_t points_ = 1 << 21;
-};
-
 // What all blocks of one zone have in common.
 struct BlockPlan {
     std::uint64_t blocks = 0;
@@ -231,15 +200,31 @@ void SourceIdentity::moveTo(cKoData& node) noexcept {
     node.FilePath = std::move(path_);
 }
 
-std::uint32_t appendZones(cKoAsciZones& zones, const SourceIdentity& source, cKoData& root) {
-    SpareRoom room(zones);
-    for (cKoAsciZone* zone = zones.FirstZone(); zone; zone = SpareRoom::nextZone(zone)) {
-        const std::uint32_t status = appendZone(*zone, source, room, root);
-        if (status != kSuccess) return status;
-        zone->data.reset();
-        zone->dataCapacity = zone->dataLength = 0;
+// Every line may stand for eight points, and every file for some more.
+bool SpareRoom::take(std::uint64_t blocks, std::uint64_t points, std::uint64_t lines) {
+    points_ += 8 * lines;
+    const std::uint64_t filled = std::min(blocks, lines / points + (lines % points != 0));
+    const std::uint64_t emptyBlocks = blocks - filled;
+    // With at most one block partly filled, filled * points is below lines + points.
+    if (points > points_) return false;
+    const std::uint64_t unfilled = filled * points - std::min(filled * points, lines);
+    if (unfilled > points_) return false;
+    points_ -= unfilled;
+    if (emptyBlocks > points_ / (points + kBlockCost)) return false;
+    points_ -= emptyBlocks * (points + kBlockCost);
+    return true;
+}
+
+std::uint32_t ZoneImport::accept(std::unique_ptr<cKoAsciZone>& zone) {
+    if (status_ == kSuccess) {
+        status_ = guardStatus([&] { return appendZone(*zone, source_, room_, nodes_); });
     }
     return kSuccess;
+}
+
+std::uint32_t ZoneImport::finish(cKoData& root) noexcept {
+    while (cKoData* node = nodes_.FirstChild()) root.AddItem(node);
+    return status_;
 }
 
 }  // namespace nuv64

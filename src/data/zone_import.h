@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "data/data_object.h"
 #include "data/zone_text.h"
@@ -24,9 +25,33 @@ class SourceIdentity {
     OwnedWideText path_;
 };
 
-// Appends one node for each zone to root, first to last, and gives back the text of each zone when
-// its node stands. The first failure ends the walk; the nodes made before it stay. Throws when
-// memory is short.
-std::uint32_t appendZones(cKoAsciZones& zones, const SourceIdentity& source, cKoData& root);
+// How many points may be made that no data line can fill. A file that was cut short leaves some; a
+// file that lies about its sizes must not take the machine's memory.
+class SpareRoom {
+  public:
+    // False when the room is used up for a zone of these sizes and this many data lines.
+    bool take(std::uint64_t blocks, std::uint64_t points, std::uint64_t lines);
+
+  private:
+    static constexpr std::uint64_t kBlockCost = 48;  // an empty block, in points
+    std::uint64_t points_ = 1 << 21;
+};
+
+// Turns every zone into a node as soon as it has been read, so that the text of one zone at a time
+// is held. The nodes wait until the whole file is known to be sound.
+class ZoneImport final : public ZoneSink {
+  public:
+    explicit ZoneImport(const SourceIdentity& source) noexcept : source_(source) {}
+    std::uint32_t accept(std::unique_ptr<cKoAsciZone>& zone) override;
+    // Appends the nodes to root. Not 0 when a zone could not be turned into a node: then those in
+    // front of it are appended.
+    std::uint32_t finish(cKoData& root) noexcept;
+
+  private:
+    const SourceIdentity& source_;
+    cKoData nodes_;
+    SpareRoom room_;
+    std::uint32_t status_ = 0;  // of the first zone that failed
+};
 
 }  // namespace nuv64

@@ -13,6 +13,7 @@
 #include "data/zone_text.h"
 #include "nuv64/arrays/grid.h"
 #include "nuv64/core/number_printing.h"
+#include "nuv64/core/special_reals.h"
 
 namespace nuv64 {
 
@@ -96,6 +97,14 @@ class ListReader {
     std::vector<double> values;
 
   private:
+    // An expression that takes all of the text; not-a-number otherwise.
+    double whole(std::string_view text) const {
+        const std::string copy(trimmed(text));
+        const char* end = nullptr;
+        const double value = pars_.EvaluateExpression(copy.c_str(), &end);
+        return end == copy.c_str() + copy.size() ? value : ___NAN;
+    }
+
     bool add(double value) {
         if (!std::isfinite(value)) return false;
         values.push_back(value);
@@ -119,9 +128,9 @@ class ListReader {
         const std::string_view kind = cutPiece(grid, ":");
         if (!isWord(kind, "LOG") && !isWord(kind, "LIN")) return false;
         const std::uint64_t type = isWord(kind, "LOG") ? kLogarithmic : kLinear;
-        const std::uint64_t count = clampToQword(evaluated(pars_, grid));
-        const double from = evaluated(pars_, first);
-        const double to = evaluated(pars_, last);
+        const std::uint64_t count = clampToQword(whole(grid));
+        const double from = whole(first);
+        const double to = whole(last);
         for (std::uint64_t i = 0; i < count && values.size() < limit_; ++i) {
             if (!add(count == 1 ? from : RArrGridValue(i, type, count, from, to))) return false;
         }

@@ -8,15 +8,19 @@ cKoAsciZone::~cKoAsciZone() = default;
 
 cKoAsciZones::~cKoAsciZones() = default;
 
-void cKoAsciZone::Reset() noexcept {
+void cKoAsciZone::Recycle() noexcept {
     zoneNumber = 0;
     pars.Clear();
     reserved = 0;
     lineCount = 0;
-    data.reset();
     format = 0;
-    dataCapacity = 0;
     dataLength = 0;
+}
+
+void cKoAsciZone::Reset() noexcept {
+    Recycle();
+    data.reset();
+    dataCapacity = 0;
 }
 
 std::uint32_t cKoAsciZone::AddDataLine(const char* text) {
@@ -28,11 +32,7 @@ std::uint32_t cKoAsciZone::AddDataLine(std::string_view text) noexcept {
     if (need > dataCapacity) {
         const std::uint64_t capacity =
             data || need > kGrowth ? dataLength + kGrowth + text.size() + 1 : kGrowth;
-        nuv64::OwnedText grown = nuv64::tryAllocate<char>(capacity);
-        if (!grown) return nuv64::kAllocationFailure;
-        if (data) std::memcpy(grown.get(), data.get(), dataLength);
-        data = std::move(grown);
-        dataCapacity = capacity;
+        if (!resize(capacity)) return nuv64::kAllocationFailure;
     }
     char* end = data.get() + dataLength;
     if (!text.empty()) std::memcpy(end, text.data(), text.size());
@@ -45,12 +45,27 @@ std::uint32_t cKoAsciZone::AddDataLine(std::string_view text) noexcept {
     return nuv64::kSuccess;
 }
 
-// A file may hold thousands of small zones.
 void cKoAsciZone::Shrink() noexcept {
     if (!data || dataCapacity == dataLength + 1) return;
-    char* smaller = static_cast<char*>(std::realloc(data.get(), dataLength + 1));
-    if (!smaller) return;
-    static_cast<void>(data.release());
-    data.reset(smaller);
-    dataCapacity = dataLength + 1;
+    resize(dataLength + 1);
 }
+
+bool cKoAsciZone::resize(std::uint64_t capacity) noexcept {
+    char* block = static_cast<char*>(std::realloc(data.get(), capacity));
+    if (!block) return false;
+    static_cast<void>(data.release());
+    data.reset(block);
+    dataCapacity = capacity;
+    return true;
+}
+
+namespace nuv64 {
+
+// A file may hold thousands of small zones: none keeps room that it doesn't use.
+std::uint32_t ZoneCollector::accept(std::unique_ptr<cKoAsciZone>& zone) {
+    zone->Shrink();
+    zones_.AddItem(zone.release());
+    return kSuccess;
+}
+
+}  // namespace nuv64

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 #include "core/list.h"
@@ -26,13 +27,15 @@ struct cKoAsciZone : cKoListItem {
     ~cKoAsciZone() override;
 
     void Reset() noexcept;
+    // Empties the zone for another one to come; the room for data lines stays.
+    void Recycle() noexcept;
     // Appends the text and CR LF. Null counts as empty.
     std::uint32_t AddDataLine(const char* text);
     std::uint32_t AddDataLine(std::string_view text) noexcept;
     // Gives back the room that the data lines don't use.
     void Shrink() noexcept;
     std::string_view DataText() const noexcept {
-        return data ? std::string_view(data.get(), dataLength) : std::string_view();
+        return dataLength != 0 ? std::string_view(data.get(), dataLength) : std::string_view();
     }
 
     std::uint64_t zoneNumber = 0;  // from the ZONE line, 0 when there is none
@@ -43,6 +46,9 @@ struct cKoAsciZone : cKoListItem {
     std::uint64_t format = 0;
     std::uint64_t dataCapacity = 0;
     std::uint64_t dataLength = 0;
+
+  private:
+    bool resize(std::uint64_t capacity) noexcept;
 };
 
 struct cKoAsciZones : cKoList {
@@ -59,3 +65,26 @@ struct cKoAsciZones : cKoList {
     cKoAsciZone* currentZone = nullptr;
     std::uint32_t state = 0;
 };
+
+namespace nuv64 {
+
+// Receives the zones of a file in their order, each when it has been read.
+class ZoneSink {
+  public:
+    virtual ~ZoneSink() = default;
+    // The sink may take the zone; one that it leaves is used again. A status other than 0 ends the
+    // reading.
+    virtual std::uint32_t accept(std::unique_ptr<cKoAsciZone>& zone) = 0;
+};
+
+// Collects the zones in a list.
+class ZoneCollector final : public ZoneSink {
+  public:
+    explicit ZoneCollector(cKoAsciZones& zones) noexcept : zones_(zones) {}
+    std::uint32_t accept(std::unique_ptr<cKoAsciZone>& zone) override;
+
+  private:
+    cKoAsciZones& zones_;
+};
+
+}  // namespace nuv64

@@ -282,7 +282,9 @@ TEST(ParameterBlock, AgreesWithAPlainModel) {
         }
         std::string expected = "\r";
         for (const ModelLine& each : model) expected += each.key + "=" + each.rest + "\r";
-        if (pars.Text) ASSERT_EQ(textOf(pars), expected);
+        if (pars.Text) {
+            ASSERT_EQ(textOf(pars), expected);
+        }
         ASSERT_EQ(pars.LineCount, model.size());
         const std::size_t at = find(key);
         const std::string told =

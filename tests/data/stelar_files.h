@@ -40,11 +40,11 @@ inline std::string sequenceLine() {
 // text begins behind the discriminator line.
 inline std::uint32_t load(std::string_view text, cKoData& root) {
     return nuv64::guardStatus([&] {
-        cKoAsciZones zones;
+        const nuv64::SourceIdentity identity(5, u"C:\\d\\a.sdf");
+        nuv64::ZoneImport import(identity);
         nuv64::MemoryLineSource source(text);
-        const std::uint32_t status = nuv64::parseStelarZones(source, zones);
-        if (status != 0) return status;
-        return nuv64::appendZones(zones, nuv64::SourceIdentity(5, u"C:\\d\\a.sdf"), root);
+        const std::uint32_t status = nuv64::parseStelarZones(source, import);
+        return status != 0 ? status : import.finish(root);
     });
 }
 

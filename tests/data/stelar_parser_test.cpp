@@ -18,7 +18,8 @@ using stelar_test::sequenceLine;
 
 std::uint32_t parse(std::string_view text, cKoAsciZones& zones) {
     nuv64::MemoryLineSource source(text);
-    return nuv64::parseStelarZones(source, zones);
+    nuv64::ZoneCollector collector(zones);
+    return nuv64::parseStelarZones(source, collector);
 }
 
 std::string valueOf(const cKoAsciPars& pars, const char* key) {
@@ -457,7 +458,8 @@ TEST(StelarParser, ReadErrorsEndTheWalk) {
         for (int line = 0; line < 50; ++line) {
             FailingSource source(file, line, code);
             cKoAsciZones zones;
-            const std::uint32_t status = nuv64::parseStelarZones(source, zones);
+            nuv64::ZoneCollector collector(zones);
+            const std::uint32_t status = nuv64::parseStelarZones(source, collector);
             const std::uint32_t inData = code == -1 ? 48u : 0x80001u;
             EXPECT_TRUE(status == 0 || status == 27 || status == inData) << status;
             seenFailure |= status == inData;
