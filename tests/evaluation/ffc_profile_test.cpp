@@ -58,6 +58,16 @@ TEST_F(FfcProfile, RatesAgainstTheFieldSorted) {
     EXPECT_EQ(root().ChildAt(0)->Channels, 4u);
 }
 
+TEST_F(FfcProfile, EveryRateRowFollowsTheField) {
+    ASSERT_EQ(run(1, "2"), 0u);
+    ASSERT_EQ(root().Channels, 3u);
+    const std::uint64_t zones[] = {1, 2, 0};  // by their field
+    for (std::uint64_t k = 0; k < 3; ++k) {
+        EXPECT_EQ(root().Channel(1)[k], root().ChildAt(zones[k])->Results[2]);
+        EXPECT_EQ(root().Channel(2)[k], root().ChildAt(zones[k])->Results[3]);
+    }
+}
+
 TEST_F(FfcProfile, Report) {
     ASSERT_EQ(run(1, "1"), 0u);
     char text[256];
