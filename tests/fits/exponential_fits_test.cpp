@@ -396,6 +396,53 @@ TEST(MultiExpAutoFit, FindsTheNumberOfComponents) {
     EXPECT_NEAR(two.rates[1], 15.0, 0.5);
 }
 
+// The same rule in terms of single fits.
+Fitted plainAutoFit(uint32_t flags, const Values& x, const Values& y, uint64_t allowed) {
+    Fitted f = fit(flags, x, y, 1), kept;
+    const auto refit = [&](uint32_t fitFlags, uint64_t components) {
+        f.components = components;
+        f.weights.resize(components);
+        f.rates.resize(components);
+        MultiExpFit(fitFlags, x.size(), x.data(), y.data(), components, f.weights.data(),
+                    f.rates.data(), &f.offset, &f.rms, f.residuals.data(), nullptr);
+    };
+    do {
+        kept = f;
+        const double smallest =
+            *std::min_element(f.weights.begin(), f.weights.end(),
+                              [](double a, double b) { return std::fabs(a) < std::fabs(b); });
+        f.weights.push_back(0.33 * smallest);
+        f.rates.push_back(3.0 * *std::max_element(f.rates.begin(), f.rates.end()));
+        refit(flags & ~0x20000u, f.components + 1);
+    } while (f.components < allowed && f.rms <= 0.85 * kept.rms);
+    refit(flags, kept.components);
+    return f.rms > kept.rms ? kept : f;
+}
+
+TEST(MultiExpAutoFit, AddsComponentsByItsRule) {
+    const Values x = logarithmic(40, 0.005, 8.0);
+    std::vector<uint64_t> seen(10, 0);
+    for (int k = 0; k < 60; ++k) {
+        // The second component goes from plain to lost in the noise.
+        const double second = 40.0 * std::pow(0.85, k);
+        const Values y = decay(x, {100.0, second}, {0.8, 15.0}, 5.0, 0.5);
+        const Fitted found = autoFit(kMadeAndScaled, x, y, 4);
+        const Fitted expected = plainAutoFit(kMadeAndScaled, x, y, 4);
+        ASSERT_EQ(found.status, 0u);
+        ASSERT_EQ(found.components, expected.components) << k;
+        ++seen[found.components];
+        EXPECT_EQ(found.rms, expected.rms);
+        EXPECT_EQ(found.offset, expected.offset);
+        EXPECT_EQ(found.residuals, expected.residuals);
+        for (uint64_t i = 0; i < found.components; ++i) {
+            EXPECT_EQ(found.rates[i], expected.rates[i]);
+            EXPECT_EQ(found.weights[i], expected.weights[i]);
+        }
+    }
+    EXPECT_GT(seen[1], 5u);
+    EXPECT_GT(seen[2], 5u);
+}
+
 TEST(MultiExpAutoFit, OneAllowedComponentIsOneFit) {
     const Values x = logarithmic(48, 0.005, 8.0);
     const Values y = decay(x, {100.0, 60.0}, {0.8, 15.0}, 5.0, 0.2);
