@@ -79,7 +79,7 @@ std::string tamed(const std::string& text) {
         if (c == '#') {
             atName = true;
             fitting = false;
-        } else if (atName && std::isspace(code) == 0) {
+        } else if (atName && code > 32) {  // control characters count as blanks
             atName = false;
             fitting = c == 'f' || c == 'F';
         }
