@@ -14,7 +14,7 @@ import sys
 
 import tree
 
-NUMBER_MODULE = re.compile(r"src/core/(number_\w+|formatter\w*)\.(cpp|h)$")
+NUMBER_MODULE = re.compile(r"src/core/(number_\w+|real_format|formatter\w*)\.(cpp|h)$")
 MOST_LINES = 900
 
 BANNED_IN_SOURCE = [

@@ -6,14 +6,20 @@
 
 #if defined(_WIN32)
 #include <windows.h>
-static void* openLibrary(const char* path) { return (void*)LoadLibraryA(path); }
+static void* openLibrary(const char* path) {
+    return (void*)LoadLibraryA(path);
+}
 static int hasName(void* library, const char* name) {
     return GetProcAddress((HMODULE)library, name) != NULL;
 }
 #else
 #include <dlfcn.h>
-static void* openLibrary(const char* path) { return dlopen(path, RTLD_NOW | RTLD_LOCAL); }
-static int hasName(void* library, const char* name) { return dlsym(library, name) != NULL; }
+static void* openLibrary(const char* path) {
+    return dlopen(path, RTLD_NOW | RTLD_LOCAL);
+}
+static int hasName(void* library, const char* name) {
+    return dlsym(library, name) != NULL;
+}
 #endif
 
 int main(int argc, char** argv) {
