@@ -205,17 +205,27 @@ TEST(NumberText, NoLocaleHasASay) {
     std::setlocale(LC_ALL, before.c_str());
 }
 
+namespace {
+
+// Not std::round: one of the runtimes gives 1 for the number below 1/2.
+double plainlyRounded(double x) {
+    const double whole = std::floor(std::fabs(x));
+    return std::copysign(std::fabs(x) - whole >= 0.5 ? whole + 1 : whole, x);
+}
+
+}  // namespace
+
 TEST(RealRounding, HalvesAwayFromZero) {
     for (const double x : {0.0, -0.0, 0.49999999999999994, 0.5, 1.5, 2.5, -2.5, 1e15 + 0.5, 0x1p52,
                            0x1p60, -0x1p51 - 0.5, 1e300})
-        EXPECT_TRUE(same(nuv64::roundHalfAway(x), std::round(x))) << x;
+        EXPECT_TRUE(same(nuv64::roundHalfAway(x), plainlyRounded(x))) << x;
     EXPECT_EQ(nuv64::roundHalfAway(kInfinity), kInfinity);
     EXPECT_TRUE(std::isnan(nuv64::roundHalfAway(std::nan(""))));
     TextSource source(35);
     for (int i = 0; i < 100000; ++i) {
         const double x = std::ldexp(static_cast<double>(static_cast<std::int64_t>(source.bits())),
                                     -static_cast<int>(source.below(70)));
-        EXPECT_EQ(nuv64::roundHalfAway(x), std::round(x)) << x;
+        EXPECT_EQ(nuv64::roundHalfAway(x), plainlyRounded(x)) << x;
     }
 }
 
