@@ -5,6 +5,12 @@
 #include <random>
 #include <string>
 
+#if !defined(_WIN32)
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
 #include "data/default_task_script.h"
 #include "nuv64/data/data_object.h"
 #include "stelar_files.h"
@@ -92,6 +98,24 @@ TEST(LoadKoDataEx, LoadingFromAFileAndFromMemoryAgree) {
     EXPECT_EQ(std::memcmp(a.FirstChild()->Samples.get(), b.FirstChild()->Samples.get(),
                           6 * sizeof(double)),
               0);
+}
+
+// The inputs that the fuzz target starts from, all that ever broke the reader among them.
+TEST(LoadKoDataEx, FuzzSeedsReachAnEnd) {
+    const std::filesystem::path seeds =
+        std::filesystem::path(NUV64_TEST_DATA) / ".." / ".." / "fuzz" / "seeds" / "stelar";
+    int count = 0;
+    for (const auto& seed : std::filesystem::directory_iterator(seeds)) {
+        std::ifstream file(seed.path(), std::ios::binary);
+        const std::string text(std::istreambuf_iterator<char>(file), {});
+        const std::size_t behindFirstLine = std::min(text.find('\n'), text.size() - 1) + 1;
+        cKoData root;
+        const std::uint32_t status =
+            stelar_test::load(std::string_view(text).substr(behindFirstLine), root);
+        EXPECT_LT(status & 0x7FFFFu, 257u) << seed.path();
+        ++count;
+    }
+    EXPECT_GT(count, 15);
 }
 
 TEST(StelarReader, StateAndReset) {
@@ -194,6 +218,29 @@ TEST(ExportToFileEx, Failures) {
     EXPECT_EQ(save(bare, path), 14u);
     EXPECT_FALSE(std::filesystem::exists(folder.native("f.sdf")));
 }
+
+#if !defined(_WIN32)
+// A disk that takes the first bytes of the file and no more.
+TEST(ExportToFileEx, AFullDiskLeavesNoPartOfTheFile) {
+    const TempFolder folder;
+    cKoData root;
+    ASSERT_EQ(stelar_test::load(classicZone(1), root), 0u);
+    struct rlimit before;
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    for (const rlim_t bytes : {0, 5, 18, 40, 100}) {
+        struct rlimit limit = before;
+        limit.rlim_cur = bytes;
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+        const std::uint32_t status = save(*root.FirstChild(), folder.wide("full.sdf"));
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+        EXPECT_EQ(status, 48u) << bytes;
+        EXPECT_FALSE(std::filesystem::exists(folder.native("full.sdf"))) << bytes;
+    }
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(save(*root.FirstChild(), u"/dev/full"), 48u);
+}
+#endif
 
 TEST(ExportToFileEx, WithoutAZoneKeyTheFileIsNotDetected) {
     const TempFolder folder;
