@@ -4,6 +4,8 @@
 #include "nuv64/data/data_object.h"
 
 #include "data/data_object.h"
+#include "data/stelar_file.h"
+#include "data/zone_text.h"
 
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
@@ -66,5 +68,14 @@ static_assert(offsetof(cKoAsciPars, Text) == 8 && offsetof(cKoAsciPars, LineCoun
 static_assert(KoDataSelected == cKoData::kSelected && KoDataTimeDomain == cKoData::kTimeDomain &&
               KoDataFrequencyDomain == cKoData::kFrequencyDomain && KoDataDosy == cKoData::kDosy);
 static_assert(KoChannelSignal == cKoData::kSignalKind && KoChannelFit == cKoData::kFitKind);
+
+static_assert(offsetof(cKoAsciZone, zoneNumber) == 64 && offsetof(cKoAsciZone, pars) == 72 &&
+              offsetof(cKoAsciZone, reserved) == 120 && offsetof(cKoAsciZone, lineCount) == 128 &&
+              offsetof(cKoAsciZone, data) == 136 && offsetof(cKoAsciZone, format) == 144 &&
+              offsetof(cKoAsciZone, dataCapacity) == 152 &&
+              offsetof(cKoAsciZone, dataLength) == 160);
+static_assert(offsetof(cKoAsciZones, listFlags) == 56 && offsetof(cKoAsciZones, owner) == 64 &&
+              offsetof(cKoAsciZones, currentZone) == 72 && offsetof(cKoAsciZones, state) == 80);
+static_assert(offsetof(cKoStelarData, folder) == 88 && offsetof(cKoStelarData, file) == 96);
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #if !defined(_WIN32)
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #endif
@@ -220,6 +221,15 @@ TEST(ExportToFileEx, Failures) {
 }
 
 #if !defined(_WIN32)
+// Without a terminal nobody can be asked for a name.
+TEST(LoadKoDataEx, NullPathsCountAsCancelled) {
+    if (isatty(0)) GTEST_SKIP() << "a terminal would be asked";
+    cKoData root;
+    EXPECT_EQ(LoadKoDataEx(&root, NUV64_SOURCE_STELAR, nullptr), 63u);
+    ASSERT_EQ(stelar_test::load(classicZone(1), root), 0u);
+    EXPECT_EQ(ExportToFileEx(root.FirstChild(), NUV64_SOURCE_STELAR, nullptr), 56u);
+}
+
 // A disk that takes the first bytes of the file and no more.
 TEST(ExportToFileEx, AFullDiskLeavesNoPartOfTheFile) {
     const TempFolder folder;
