@@ -154,7 +154,9 @@ std::u16string askConsole(const Question& question) {
 
 std::u16string ask(const Question& question) {
     if (platform::hasUserInterface()) return askSystem(question);
-    return consoleMayAsk() ? askConsole(question) : u"";
+    const std::u16string chosen = consoleMayAsk() ? askConsole(question) : u"";
+    platform::setLastError(0);  // what was asked of the system on the way is no failure
+    return chosen;
 }
 
 // Several names come as the folder and the bare names, each terminated; a single one is followed by

@@ -54,6 +54,11 @@ std::int64_t openFileByMode(const char16_t* path, std::uint32_t mode) {
     platform::OpenRequest request;
     request.disposition = disposition(mode);
     request.write = (mode & kOpenWrite) != 0;
+    if (request.disposition == Disposition::kTruncateExisting && !request.write) {
+        // Some systems would cut the file all the same.
+        platform::setLastError(platform::kErrorInvalidArgument);
+        return platform::kBadHandle;
+    }
     const bool none = (mode & kShareNone) != 0;
     const bool both = !none && (mode & kShareBoth);
     const bool onlyWrite = !none && !both && (mode & kShareWrite);

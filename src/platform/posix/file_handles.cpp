@@ -53,9 +53,7 @@ Descriptor::~Descriptor() {
 }
 
 std::int64_t openFile(const char16_t* path, const OpenRequest& request) {
-    const bool truncates = request.disposition == Disposition::kTruncateExisting;
     if (!path || !*path) return noteError(ENOENT), kBadHandle;
-    if (truncates && !request.write) return noteError(EINVAL), kBadHandle;
     const std::string native = nativePath(path);
     const mode_t mode = (request.attributes & kAttributeReadOnly) ? 0444 : 0666;
     const int flags = openFlags(request);

@@ -1,0 +1,345 @@
+#include "nuv64/core/system.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+#include "core/console_host.h"
+#include "core/owned_result.h"
+#include "data/temp_folder.h"
+#include "nuv64/core/clock.h"
+#include "nuv64/core/file.h"
+#include "nuv64/core/file_dialog.h"
+#include "nuv64/core/path.h"
+#include "platform/platform.h"
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
+namespace {
+
+constexpr std::uint32_t kNoBox = 0xFFFFFFFF;
+constexpr std::uint32_t kNoBeep = 0x20000;
+
+TEST(OsStringNewCopy, BothWidthsGiveTheSame) {
+    for (std::uint32_t kind = 1; kind <= 10; ++kind) {
+        const auto wide = taken(OsStringNewCopy(kind));
+        const auto narrow = taken(OsStringNewCopyA(kind));
+        ASSERT_TRUE(wide && narrow) << kind;
+        EXPECT_EQ(nuv64::platform::utf8FromWide(*wide), *narrow);
+        EXPECT_FALSE(wide->empty());
+    }
+    for (const std::uint32_t kind : {0u, 11u, 12u, 0xFFFFFFFFu}) {
+        EXPECT_EQ(OsStringNewCopy(kind), nullptr);
+        EXPECT_EQ(OsStringNewCopyA(kind), nullptr);
+    }
+}
+
+TEST(OsStringNewCopy, TheExecutableAndItsPieces) {
+    const auto path = taken(OsStringNewCopyA(6));
+    EXPECT_TRUE(FileIsPresentA(path->c_str(), nullptr));
+    EXPECT_EQ(*path, *taken(OsStringNewCopyA(7)) + *taken(OsStringNewCopyA(8)));
+    EXPECT_EQ(taken(OsStringNewCopyA(8))->rfind("core_test", 0), 0u);
+    EXPECT_EQ(taken(OsStringNewCopyA(9)), "core_test");
+    EXPECT_NE(taken(OsStringNewCopyA(10))->find("core_test"), std::string::npos);
+}
+
+TEST(OsStringNewCopy, FoldersAreThere) {
+    for (const std::uint32_t kind : {1u, 2u, 4u, 5u, 7u}) {
+        const auto folder = taken(OsStringNewCopyA(kind));
+        std::uint32_t attributes = 0;
+        EXPECT_TRUE(FileIsPresentA(folder->c_str(), &attributes)) << *folder;
+        EXPECT_TRUE(attributes & 0x10);
+        EXPECT_EQ(folder->find('/'), std::string::npos) << "backslashes on every system";
+    }
+    EXPECT_EQ(taken(OsStringNewCopyA(3))->back(), '\\');
+    EXPECT_EQ(taken(OsStringNewCopyA(4))->back(), '\\');
+}
+
+#ifndef _WIN32
+// Sets an environment variable for the time of one test.
+class Variable {
+  public:
+    Variable(const char* name, const std::string& value) : name_(name) {
+        if (const char* old = std::getenv(name)) old_ = old;
+        ::setenv(name, value.c_str(), 1);
+    }
+    ~Variable() { old_ ? ::setenv(name_, old_->c_str(), 1) : ::unsetenv(name_); }
+
+  private:
+    const char* name_;
+    std::optional<std::string> old_;
+};
+
+TEST(OsStringNewCopy, TheDesktopFollowsTheUsersDirectories) {
+    const TempFolder folder;
+    const Variable home("HOME", folder.native("").string());
+    const Variable config("XDG_CONFIG_HOME", folder.native("").string());
+    std::string expected = folder.native("").string() + "\\Desktop\\";
+    std::replace(expected.begin(), expected.end(), '/', '\\');
+    const auto desktop = [] {
+        std::string text = *taken(OsStringNewCopyA(3));
+        for (std::size_t at; (at = text.find("\\\\")) != text.npos;) text.erase(at, 1);
+        return text;
+    };
+    const auto collapsed = [](std::string text) {
+        for (std::size_t at; (at = text.find("\\\\")) != text.npos;) text.erase(at, 1);
+        return text;
+    };
+    EXPECT_EQ(desktop(), collapsed(expected));
+    folder.write("user-dirs.dirs",
+                 "# comment\nXDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\nXDG_MUSIC_DIR=\"/m\"\n");
+    std::string named = folder.native("").string() + "\\Schreibtisch\\";
+    std::replace(named.begin(), named.end(), '/', '\\');
+    EXPECT_EQ(desktop(), collapsed(named));
+    folder.write("user-dirs.dirs", "XDG_DESKTOP_DIR=\"/abs/desk\"");
+    EXPECT_EQ(desktop(), "\\abs\\desk\\");
+    folder.write("user-dirs.dirs", "XDG_DESKTOP_DIR=\"/cut");
+    EXPECT_EQ(desktop(), collapsed(expected));
+}
+
+TEST(OsEnvironmentVariableNewCopy, GivesTheValue) {
+    const Variable variable("NUV64_TEST_VARIABLE", "v\xC3\xA4lue");
+    const Variable empty("NUV64_TEST_EMPTY", "");
+    EXPECT_EQ(taken(OsEnvironmentVariableNewCopyA("NUV64_TEST_VARIABLE")), "v\xC3\xA4lue");
+    EXPECT_EQ(taken(OsEnvironmentVariableNewCopy(u"NUV64_TEST_VARIABLE")), u"v\u00E4lue");
+    EXPECT_EQ(taken(OsEnvironmentVariableNewCopyA("NUV64_TEST_EMPTY")), "");
+}
+#endif
+
+TEST(OsEnvironmentVariableNewCopy, GivesNullForAnUnknownName) {
+    EXPECT_TRUE(taken(OsEnvironmentVariableNewCopyA("PATH")));
+    EXPECT_TRUE(taken(OsEnvironmentVariableNewCopy(u"PATH")));
+    EXPECT_EQ(OsEnvironmentVariableNewCopyA("NUV64_NO_SUCH_VARIABLE"), nullptr);
+    EXPECT_EQ(OsEnvironmentVariableNewCopy(u"NUV64_NO_SUCH_VARIABLE"), nullptr);
+    EXPECT_EQ(OsEnvironmentVariableNewCopyA(nullptr), nullptr);
+    EXPECT_EQ(OsEnvironmentVariableNewCopy(nullptr), nullptr);
+    EXPECT_EQ(OsEnvironmentVariableNewCopy(u""), nullptr);
+}
+
+// Standard input from a text, and the host a console application, for the time of one test.
+class Typed {
+  public:
+    Typed(const TempFolder& folder, const std::string& lines) {
+        folder.write("typed", lines);
+        EXPECT_NE(std::freopen(folder.native("typed").string().c_str(), "r", stdin), nullptr);
+        nuv64::setConsoleHost(true);
+    }
+    ~Typed() {
+        nuv64::setConsoleHost(false);
+        EXPECT_NE(std::freopen("/dev/null", "r", stdin), nullptr);
+    }
+};
+
+struct Shown {
+    std::uint32_t answer;
+    std::string text;
+};
+
+template <class Action>
+Shown shown(Action&& action) {
+    testing::internal::CaptureStderr();
+    const std::uint32_t answer = action();
+    return {answer, testing::internal::GetCapturedStderr()};
+}
+
+// Without a terminal and without a host that has a console there is nobody to ask.
+TEST(OsMessage, WithoutAUserTheTextGoesToStandardError) {
+    if (nuv64::platform::inputIsTerminal()) GTEST_SKIP() << "there is a user";
+    for (const std::uint32_t kind : {0u, 1u, 2u, 3u, 4u, 5u, 6u, 7u, 0xFFFFFFFFu}) {
+        const Shown wide = shown([&] { return OsMessage(kind, u"w\u00E4rning", u"Title"); });
+        EXPECT_EQ(wide.answer, kNoBox);
+        EXPECT_EQ(wide.text, "Title: w\xC3\xA4rning\n");
+        const Shown narrow = shown([&] { return OsMessageA(kind, "w\xC3\xA4rning", "Title"); });
+        EXPECT_EQ(narrow.answer, kNoBox);
+        EXPECT_EQ(narrow.text, wide.text);
+    }
+}
+
+TEST(OsMessage, ANullTitleIsTheNameOfTheHost) {
+    EXPECT_EQ(shown([] { return OsMessageA(2, "text\n", nullptr); }).text, "core_test: text\n");
+    EXPECT_EQ(shown([] { return OsMessage(2, nullptr, nullptr); }).text, "core_test: \n");
+    EXPECT_EQ(shown([] { return OsMessageA(2, nullptr, nullptr); }).text, "core_test: \n");
+}
+
+TEST(OsMessagef, FormatsItsText) {
+    EXPECT_EQ(shown([] { return OsMessagefA(2, "%d of %s", 3, "four"); }).text,
+              "core_test: 3 of four\n");
+    EXPECT_EQ(shown([] { return OsMessagef(2, u"%d of %s", 3, u"four"); }).text,
+              "core_test: 3 of four\n");
+    EXPECT_EQ(shown([] { return OsMessagef(2, nullptr); }).text, "core_test: \n");
+    EXPECT_EQ(shown([] { return OsMessagefA(2, nullptr); }).text, "core_test: \n");
+}
+
+#ifndef _WIN32
+TEST(OsMessage, AConsoleHostIsAsked) {
+    const TempFolder folder;
+    const auto answer = [&](std::uint32_t kind, const std::string& lines) {
+        const Typed typed(folder, lines);
+        return shown([&] { return OsMessageA(kind, "Question", "Title"); }).answer;
+    };
+    EXPECT_EQ(answer(0, ""), 1u);
+    EXPECT_EQ(answer(2, ""), 1u) << "a warning waits for nobody";
+    EXPECT_EQ(answer(3, "y\n"), 1u);
+    EXPECT_EQ(answer(3, "  Yes\r\n"), 1u);
+    EXPECT_EQ(answer(3, "N\n"), 0u);
+    EXPECT_EQ(answer(3, "what\n\nc\nno"), 0u) << "asked again until there is an answer";
+    EXPECT_EQ(answer(3, "what"), kNoBox) << "the end of the input";
+    EXPECT_EQ(answer(3, ""), kNoBox);
+    EXPECT_EQ(answer(4, "ok\n"), 1u);
+    EXPECT_EQ(answer(4, "cancel\n"), 0u);
+    EXPECT_EQ(answer(5, "y\n"), 1u);
+    EXPECT_EQ(answer(5, "n\n"), 0u);
+    EXPECT_EQ(answer(5, "c\n"), 2u);
+    EXPECT_EQ(answer(6, "r\n"), 1u);
+    EXPECT_EQ(answer(6, "c\n"), 0u);
+    const Typed typed(folder, "y\n");
+    EXPECT_EQ(shown([] { return OsMessageA(3, "Question", "Title"); }).text,
+              "Title: Question\n(y)es, (n)o: ");
+}
+
+std::optional<std::string> chosen(const TempFolder& folder, const std::string& lines,
+                                  std::uint32_t flags, const char* start = "",
+                                  const char* extension = nullptr) {
+    const Typed typed(folder, lines);
+    std::optional<std::string> result;
+    shown([&] {
+        result = taken(NewOsFileSelectDialogA("Choose", start, extension, nullptr, flags | kNoBeep,
+                                              0, nullptr));
+        return 0u;
+    });
+    return result;
+}
+
+TEST(NewOsFileSelectDialog, AConsoleHostIsAsked) {
+    const TempFolder folder;
+    folder.write("here.sdf", "x");
+    const std::string native = folder.native("here.sdf").string();
+    std::string path = native;
+    std::replace(path.begin(), path.end(), '/', '\\');
+    const std::string place = path.substr(0, path.size() - std::string("\\here.sdf").size());
+    EXPECT_EQ(chosen(folder, native + "\n", 2), path);
+    EXPECT_EQ(chosen(folder, "  here.sdf \n", 2, place.c_str()), path);
+    EXPECT_EQ(chosen(folder, "here\n", 2, place.c_str(), "sdf"), path);
+    EXPECT_EQ(chosen(folder, "here\n", 2, place.c_str(), ".sdf"), path);
+    EXPECT_EQ(chosen(folder, "nothing\nhere.sdf\n", 2, place.c_str()), path) << "asked again";
+    EXPECT_EQ(chosen(folder, ".\nhere.sdf\n", 2, place.c_str()), path) << "a folder is no file";
+    EXPECT_EQ(chosen(folder, "new.sdf\n", 1, place.c_str()), place + "\\new.sdf");
+    EXPECT_EQ(chosen(folder, "here.sdf\nn\nnew.sdf\n", 0x40001, place.c_str()),
+              place + "\\new.sdf");
+    EXPECT_EQ(chosen(folder, "here.sdf\ny\n", 0x40001, place.c_str()), path);
+    EXPECT_EQ(chosen(folder, "\n", 2), std::nullopt) << "an empty line cancels";
+    EXPECT_EQ(chosen(folder, "nothing\n", 2, place.c_str()), std::nullopt)
+        << "the end of the input";
+    EXPECT_EQ(nuv64::platform::lastError(), 0u);
+}
+
+TEST(NewOsFileSelectDialog, RemembersTheFolderOfAFreeChoice) {
+    const TempFolder folder;
+    const std::string native = folder.native("a.sdf").string();
+    folder.write("a.sdf", "x");
+    std::string path = native;
+    std::replace(path.begin(), path.end(), '/', '\\');
+    EXPECT_EQ(chosen(folder, native + "\n", 2), path);
+    EXPECT_EQ(chosen(folder, "a.sdf\n", 2, nullptr), path);
+}
+#endif
+
+TEST(NewOsFileSelectDialog, WithoutAUserItCountsAsCancelled) {
+    if (nuv64::platform::inputIsTerminal()) GTEST_SKIP() << "there is a user";
+    std::uint32_t extra = 5;
+    EXPECT_EQ(NewOsFileSelectDialogA(nullptr, nullptr, nullptr, nullptr, kNoBeep, 0, &extra),
+              nullptr);
+    EXPECT_EQ(extra, kNoBeep);
+    EXPECT_EQ(NewOsFileSelectDialog(u"Choose", u"", u"sdf", u"Data|*.sdf", kNoBeep | 1, 0, nullptr),
+              nullptr);
+    extra = 0x80000;
+    EXPECT_EQ(NewOsFileSelectDialog(nullptr, u"C:\\", nullptr, u"", kNoBeep | 0x100000, 0, &extra),
+              nullptr);
+}
+
+TEST(OsBeep, DoesNoHarm) {
+    OsBeep(1, 440);
+}
+
+TEST(OsShellOpen, RefusesNoPath) {
+    EXPECT_EQ(OsShellOpen(nullptr), 63u);
+    EXPECT_EQ(OsShellOpenA(nullptr), 63u);
+    EXPECT_EQ(OsShellOpen(u""), 63u);
+    EXPECT_EQ(OsShellOpenA(""), 63u);
+}
+
+#ifndef _WIN32
+TEST(OsShellOpen, HandsTheTextToTheOpenerAsOneArgument) {
+    const TempFolder folder;
+    const Variable path("PATH", folder.native("").string());
+    EXPECT_EQ(OsShellOpenA("x"), 4u) << "there is no opener";
+    folder.write("xdg-open",
+                 "#!/bin/sh\nprintf '%s|%s' $# \"$1\" > \"${0%xdg-open}part\"\n"
+                 "/bin/mv \"${0%xdg-open}part\" \"${0%xdg-open}opened\"\n");
+    ::chmod(folder.native("xdg-open").c_str(), 0700);
+    const auto opened = [&](const char* target) {
+        std::filesystem::remove(folder.native("opened"));
+        EXPECT_EQ(OsShellOpenA(target), 0u);
+        for (int i = 0; i < 500 && !std::filesystem::exists(folder.native("opened")); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return folder.read("opened");
+    };
+    EXPECT_EQ(opened("d\\a b;$(touch x)`y`"), "1|d/a b;$(touch x)`y`");
+    EXPECT_EQ(opened("http://host/a\\b?c&d"), "1|http://host/a\\b?c&d");
+    EXPECT_EQ(opened("mailto:a@b"), "1|mailto:a@b");
+    EXPECT_EQ(opened("-option"), "1|./-option");
+    EXPECT_EQ(opened("C:\\d"), "1|C:/d");
+    EXPECT_EQ(OsShellOpen(u"\u00E4"), 0u);
+}
+#endif
+
+TEST(Clock, GivesAPlausibleTime) {
+    OsTime local{};
+    OsTime universal{};
+    tOsLocalTime(&local);
+    tOsUniversalTime(&universal);
+    tOsLocalTime(nullptr);
+    tOsUniversalTime(nullptr);
+    for (const OsTime& time : {local, universal}) {
+        EXPECT_GE(time.year, 2020);
+        EXPECT_TRUE(time.month >= 1 && time.month <= 12);
+        EXPECT_LE(time.dayOfWeek, 6);
+        EXPECT_TRUE(time.day >= 1 && time.day <= 31);
+        EXPECT_LE(time.hour, 23);
+        EXPECT_LE(time.minute, 59);
+        EXPECT_LE(time.second, 60);
+        EXPECT_LE(time.millisecond, 999);
+    }
+}
+
+TEST(Clock, AgreesWithTheStandardLibrary) {
+    OsTime time{};
+    tOsUniversalTime(&time);
+    using namespace std::chrono;
+    const auto now = floor<milliseconds>(system_clock::now());
+    const auto date = year{time.year} / month{time.month} / day{time.day};
+    EXPECT_EQ(weekday{sys_days{date}}.c_encoding(), time.dayOfWeek);
+    const auto stamp = sys_days{date} + hours{time.hour} + minutes{time.minute} +
+                       seconds{time.second} + milliseconds{time.millisecond};
+    EXPECT_LT(abs(now - stamp), seconds{5});
+}
+
+TEST(Clock, CountersRunAtTheirRate) {
+    const std::uint64_t count = tOsPerformanceCount();
+    const std::uint64_t session = tOsSessionTimeInMs();
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    const double seconds = static_cast<double>(tOsPerformanceCount() - count) /
+                           static_cast<double>(tOsPerformanceClock());
+    EXPECT_GT(seconds, 0.05);
+    EXPECT_LT(seconds, 10.0);
+    EXPECT_GE(tOsSessionTimeInMs() - session, 40u);
+    EXPECT_LT(tOsSessionTimeInMs() - session, 10000u);
+}
+
+}  // namespace
