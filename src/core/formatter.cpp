@@ -189,7 +189,7 @@ class Formatter {
             case 'p':
                 return putAddress(spec), true;
             case 'n':
-                return storeCount(spec), true;
+                return skipCount(), true;
             default:
                 return false;
         }
@@ -341,7 +341,7 @@ class Formatter {
 
     // Whether characters and texts are 16-bit ones.
     static bool isWide(const Specification& spec) {
-        if (spec.conversion == 'S') return true;
+        if (spec.conversion == 'S') return sizeof(Ch) == 1;
         return spec.textWidth == 0 ? sizeof(Ch) == 2 : spec.textWidth == 'l';
     }
 
@@ -377,22 +377,20 @@ class Formatter {
         pad(spec, std::basic_string_view<From>(text, length));
     }
 
+    // In the way of the console's pointers.
     void putAddress(const Specification& spec) {
-        Specification hexadecimal = spec;
-        hexadecimal.conversion = 'x';
         const auto address =
             reinterpret_cast<std::uintptr_t>(arguments_.template value<const void*>(spec.indirect));
+        if (address == 0) return pad(spec, std::string_view("NULL"));
+        if (address == UINTPTR_MAX) return pad(spec, std::string_view("INVALID"));
+        Specification hexadecimal = spec;
+        hexadecimal.conversion = 'X';
         hexadecimal.alternate = false;
         putUnsigned(hexadecimal, address, "0x");
     }
 
-    void storeCount(const Specification& spec) {
-        void* place = arguments_.template next<void*>();
-        if (!place) return;
-        const std::uint64_t count = out_.size();
-        const std::size_t bytes = spec.bits > 32 ? 8 : spec.bits > 16 ? 4 : spec.bits > 8 ? 2 : 1;
-        std::memcpy(place, &count, bytes);  // little-endian, as every system that is supported
-    }
+    // A format must never write to memory; only its argument is passed over.
+    void skipCount() { arguments_.template next<void*>(); }
 
     const Ch* format_;
     Arguments arguments_;

@@ -1,4 +1,6 @@
 // The life of a node, its place in the tree and its flags.
+#include "nuv64/data/data_object.h"
+
 #include "data/data_object.h"
 
 #include <algorithm>

@@ -200,8 +200,9 @@ TEST(Formatter, Texts) {
               "ab\xE9|  ab\xE9|ab\xE9  |ab|x\xC9");
     EXPECT_EQ(taken(NewSprintf(u"%s|%5s|%-5s|%.1s|%hs|%ls", wide, wide, wide, wide, narrow, wide)),
               u"x\u03c9|   x\u03c9|x\u03c9   |x|ab\xFFE9|x\u03c9");
-    EXPECT_EQ(formatted("%hs %S %.3ls|%*.*hs", "one", u"two", u"three", 5, 2, "four"),
-              "one two thr|   fo");
+    EXPECT_EQ(formatted("%hs %.3ls|%*.*hs", "one", u"three", 5, 2, "four"), "one thr|   fo");
+    EXPECT_EQ(taken(NewSprintfA("%S|", u"two")), "two|");
+    EXPECT_EQ(taken(NewSprintf(u"%S|", "two")), u"two|");
     EXPECT_EQ(taken(NewSprintfA("%Z", "zet")), "zet");
     const char unterminated[] = {'a', 'b', 'c'};
     EXPECT_EQ(formatted("%.3hs", &unterminated[0]), "abc");
@@ -252,13 +253,13 @@ TEST(Formatter, OwnForms) {
     const Qrat q{1, 3};
     EXPECT_EQ(formatted("%5&Q|%-5Q|", &q, q), "  1/3|1/3  |");
     EXPECT_EQ(formatted("%Q", Qrat{INT64_MIN, 2}), "-4611686018427387904");
-    EXPECT_EQ(formatted("%p", reinterpret_cast<void*>(std::uintptr_t{0xABC})), "0xabc");
-    int32_t count = 0;
-    int64_t large = 0;
-    EXPECT_EQ(formatted("abc%n%d%lln", &count, 12, &large), "abc12");
-    EXPECT_EQ(count, 3);
-    EXPECT_EQ(large, 5);
-    EXPECT_EQ(formatted("a%nb", static_cast<int32_t*>(nullptr)), "ab");
+    EXPECT_EQ(formatted("%p", reinterpret_cast<void*>(std::uintptr_t{0xABC})), "0xABC");
+    EXPECT_EQ(formatted("%p|%8p", static_cast<void*>(nullptr), static_cast<void*>(nullptr)),
+              "NULL|    NULL");
+    EXPECT_EQ(formatted("%p", reinterpret_cast<void*>(UINTPTR_MAX)), "INVALID");
+    int32_t count = 7;
+    EXPECT_EQ(formatted("abc%n%d", &count, 12), "abc12");
+    EXPECT_EQ(count, 7);
 }
 
 TEST(Formatter, IntoABuffer) {

@@ -15,9 +15,9 @@
  *     C         a Complex, "(re, im)" in the way of r
  *     Q         a Qrat, reduced, "num/den", or "num" when the denominator is 1
  *     c         a character                   s         a text, "" when null
- *     S         a text of 16-bit characters   Z         like s
- *     p         an address, "0x" and hexadecimal digits
- *     n         the address of a signed integer, which receives the number of characters so far
+ *     S         a text of the other width     Z         like s
+ *     p         an address: "NULL", "INVALID" when all bits are set, or "0x" and hexadecimal digits
+ *     n         takes an address and does nothing with it: a format never writes to memory
  * Characters and texts have the width of the format; with "l" they are 16-bit, with "h" 8-bit ones,
  * converted by value: a byte is extended with its sign, a wide character gives its low byte.
  * Anything else behind "%" is copied as it stands. Nothing depends on a locale, and nothing is cut.

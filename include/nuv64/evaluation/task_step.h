@@ -14,19 +14,19 @@
 /* A step. The script parser makes it and releases its texts; a host that builds one for command 95
  * owns its texts (blocks of the module's makers). Positions in ParameterList count from 0. */
 struct EvpRecord {
-    uint64_t Procedure;    /* procedure ID; new record: all ones */
-    uint32_t Flags;        /* driver flags and procedure flags */
-    uint64_t Mode;         /* 0 disables the step */
-    uint64_t Level;        /* height of the nodes to run on: 0 blocks, 1 zones, 2 experiment */
-    uint64_t Zone;         /* index of the only zone, all ones for all */
-    uint64_t Block;        /* index of the only block, all ones for all */
-    uint64_t OnEvaluated;  /* not 0: run on the node's result node */
-    char* Option;          /* groomed, may be null */
-    char* ParameterList;   /* comma separated, groomed, may be null */
-    uint64_t Callback1;    /* FIT mode 3: a MultiParamCallback */
-    uint64_t Source2;      /* QARRAY mode 6: a source matrix */
-    char* ReportText;      /* text for the host, appended by the procedure */
-    uint64_t Point0;       /* work words of pre-pass and block pass from here on */
+    uint64_t Procedure;   /* procedure ID; new record: all ones */
+    uint32_t Flags;       /* driver flags and procedure flags */
+    uint64_t Mode;        /* 0 disables the step */
+    uint64_t Level;       /* height of the nodes to run on: 0 blocks, 1 zones, 2 experiment */
+    uint64_t Zone;        /* index of the only zone, all ones for all */
+    uint64_t Block;       /* index of the only block, all ones for all */
+    uint64_t OnEvaluated; /* not 0: run on the node's result node */
+    char* Option;         /* groomed, may be null */
+    char* ParameterList;  /* comma separated, groomed, may be null */
+    uint64_t Callback1;   /* FIT mode 3: a MultiParamCallback */
+    uint64_t Source2;     /* QARRAY mode 6: a source matrix */
+    char* ReportText;     /* text for the host, appended by the procedure */
+    uint64_t Point0;      /* work words of pre-pass and block pass from here on */
     uint64_t Point1;
     double Work0;
     double Work1;
