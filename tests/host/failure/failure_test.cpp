@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -106,8 +107,7 @@ bool isStated(std::uint32_t command, std::uint32_t status) {
     return command == CmdExport && status == 59;
 }
 
-// A command that must be done or leave no trace; run again after a failure, it must be done.
-// False when it failed.
+// A command that must be done or leave no trace. False when it failed.
 bool runOrLeave(NuvCommandBlock* block, std::uint32_t command, std::uint64_t input) {
     const std::string before = Fingerprint::of(block->Data);
     const std::uint32_t status = runCounted(block, command, input);
@@ -115,10 +115,34 @@ bool runOrLeave(NuvCommandBlock* block, std::uint32_t command, std::uint64_t inp
     EXPECT_TRUE(allocationFailed()) << "command " << command << ", status " << status;
     EXPECT_TRUE(isStated(command, status)) << "command " << command << ", status " << status;
     EXPECT_TRUE(Fingerprint::of(block->Data) == before) << "command " << command;
+    return false;
+}
+
+// The same; run again after a failure, it must be done.
+bool runOrLeaveAndRun(NuvCommandBlock* block, std::uint32_t command, std::uint64_t input) {
+    if (runOrLeave(block, command, input)) return true;
     stopFailing();
     EXPECT_EQ(runCounted(block, command, input), 0u) << "command " << command << ", run again";
     return false;
 }
+
+// A block that holds the evaluated sample.
+class EvaluatedBlock {
+  public:
+    explicit EvaluatedBlock(const LoadRequest& load) : block_(NuvCommand(CmdOpen, nullptr)) {
+        block_->Callback = readFile;
+        EXPECT_EQ(runCounted(block_, CmdLoad, word(&load)), 0u);
+        EXPECT_EQ(runCounted(block_, CmdRunScript, word(kSampleScript)), 0u);
+    }
+    ~EvaluatedBlock() { NuvCommand(CmdClose, block_); }
+    EvaluatedBlock(const EvaluatedBlock&) = delete;
+    EvaluatedBlock& operator=(const EvaluatedBlock&) = delete;
+
+    NuvCommandBlock* get() const { return block_; }
+
+  private:
+    NuvCommandBlock* block_;
+};
 
 class NoMemory : public ::testing::TestWithParam<Failing> {
   protected:
@@ -135,9 +159,9 @@ class NoMemory : public ::testing::TestWithParam<Failing> {
         info.ApplicationKind = 2;
         LoadRequest load{5, from.c_str(), 0x200, nullptr};
         ExportRequest table{10, to.c_str(), nullptr, kAllOnes, kAllOnes, 0};
-        if (runOrLeave(block, CmdApplicationInfo, word(&info)) &&
-            runOrLeave(block, CmdLoad, word(&load)) &&
-            runOrLeave(block, CmdRunScript, word(kSampleScript))) {
+        if (runOrLeaveAndRun(block, CmdApplicationInfo, word(&info)) &&
+            runOrLeaveAndRun(block, CmdLoad, word(&load)) && mute(block) &&
+            runOrLeaveAndRun(block, CmdRunScript, word(kSampleScript))) {
             // A failure that the way up to here did without says nothing about the table.
             if (!allocationFailed()) runOrLeaveTable(block, table);
         }
@@ -151,6 +175,13 @@ class NoMemory : public ::testing::TestWithParam<Failing> {
     TemporaryFile table_{"failure.csv"};
 
   private:
+    // The pictures of the fits, which a muted host doesn't get, take most of the allocations; it is
+    // enough that each of them fails once.
+    static bool mute(NuvCommandBlock* block) {
+        if (GetParam() == Failing::FromThenOn) block->Flags = CallbackMuted;
+        return true;
+    }
+
     static NuvCommandBlock* open() {
         NuvCommandBlock* block = nullptr;
         {
@@ -190,47 +221,31 @@ TEST_P(NoMemory, AnywhereOnTheRoadLeavesNoTrace) {
     EXPECT_GT(which, 100u);
 }
 
-// A command on the evaluated sample, with its input made anew for every try.
-struct Trial {
-    std::uint32_t command;
-    std::uint64_t input;
-};
-
 TEST_P(NoMemory, InAnyCommandLeavesDataAsItWas) {
     const std::u16string from = sample_.module();
-    LoadRequest load{5, from.c_str(), 0x200, nullptr};
-    ParameterRequest set{kAllOnes, "T1MX", 0, "0.25"}, get{0, "BRLX", 0, nullptr};
-    const Trial trials[] = {{CmdLoad, word(&load)},
-                            {CmdExtractBlock, 1 + 4096},
-                            {CmdParameterList, 1},
-                            {CmdSetParameter, word(&set)},
-                            {CmdGetParameter, word(&get)},
-                            {CmdRestoreZonePrevious, 0},
-                            {CmdRestoreZoneOldest, 1},
-                            {CmdLocalTimeText, 0},
-                            {CmdRunScript, word(kSampleScript)}};
-    for (const Trial& trial : trials) {
-        const bool givesText = trial.command == CmdParameterList ||
-                               trial.command == CmdGetParameter ||
-                               trial.command == CmdLocalTimeText;
+    const LoadRequest load{5, from.c_str(), 0x200, nullptr};
+    const ParameterRequest set{kAllOnes, "T1MX", 0, "0.25"}, get{0, "BRLX", 0, nullptr};
+    const struct {
+        std::uint32_t command;
+        std::uint64_t input;
+        bool givesText;
+    } trials[] = {{CmdLoad, word(&load), false},       {CmdExtractBlock, 1 + 4096, false},
+                  {CmdParameterList, 1, true},         {CmdSetParameter, word(&set), false},
+                  {CmdGetParameter, word(&get), true}, {CmdRestoreZonePrevious, 0, false},
+                  {CmdRestoreZoneOldest, 1, false},    {CmdLocalTimeText, 0, true}};
+    for (const auto& trial : trials) {
+        planFailure(0, GetParam());
+        auto block = std::make_unique<EvaluatedBlock>(load);
         for (std::uint64_t which = 1; !HasFailure(); ++which) {
-            planFailure(0, GetParam());
-            NuvCommandBlock* block = NuvCommand(CmdOpen, nullptr);
-            block->Callback = readFile;
-            ASSERT_EQ(runCounted(block, CmdLoad, word(&load)), 0u);
-            ASSERT_EQ(runCounted(block, CmdRunScript, word(kSampleScript)), 0u);
-            const std::int64_t before = liveBlocks();
             planFailure(which, GetParam());
-            runOrLeave(block, trial.command, trial.input);
-            const bool failed = allocationFailed();
-            planFailure(0, GetParam());
-            if (givesText) {
-                auto* text = reinterpret_cast<char*>(block->Output);
-                runCounted(block, CmdKillText, word(&text));
-                ASSERT_EQ(liveBlocks(), before) << trial.command << ", allocation " << which;
+            const bool done = runOrLeave(block->get(), trial.command, trial.input);
+            if (done && trial.givesText) {
+                auto* text = reinterpret_cast<char*>(block->get()->Output);
+                runCounted(block->get(), CmdKillText, word(&text));
             }
-            NuvCommand(CmdClose, block);
-            if (!failed && which > 1) break;
+            if (!allocationFailed()) break;
+            planFailure(0, GetParam());
+            if (done) block = std::make_unique<EvaluatedBlock>(load);
         }
     }
 }
