@@ -20,12 +20,6 @@ constexpr std::uint32_t kMissingArguments = 22;
 constexpr std::uint32_t kWrongInputFormat = 28;
 constexpr std::uint32_t kNumUnderflow = 0x200;  // negative or not a number
 
-// Bounds of one evaluation. Formulas may use each other, and a block comes from a file: a formula
-// that leads back to itself, or doubles its work at every step, ends as not-a-number.
-constexpr std::uint32_t kMaximumChain = 64;      // formulas inside formulas
-constexpr std::uint32_t kMaximumNesting = 500;   // parentheses over the whole chain
-constexpr std::uint32_t kMaximumLookups = 1000;  // variables read
-
 std::string_view viewOf(const char* text) {
     return text ? std::string_view(text) : std::string_view();
 }
@@ -51,29 +45,18 @@ std::string_view lineAt(std::string_view text, std::size_t start) {
     return text.substr(0, text.find(kLineEnd));
 }
 
-// The deepest nesting of parentheses in a text.
-std::uint32_t nestingOf(std::string_view text) {
-    std::uint32_t depth = 0;
-    std::uint32_t deepest = 0;
-    for (const char c : text) {
-        if (c == '(') deepest = std::max(deepest, ++depth);
-        if (c == ')' && depth != 0) --depth;
-    }
-    return deepest;
-}
-
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
 }  // namespace
 
-// What one evaluation has used up so far, shared by the formulas that it reads.
+// What the formulas of one evaluation share. They may use each other, and a block comes from a
+// file: a formula that leads back to itself, or doubles its work at every step, ends as
+// not-a-number.
 struct cKoAsciPars::Evaluation {
     const cKoAsciPars* block = nullptr;
-    std::uint32_t chain = 0;
-    std::uint32_t nesting = 0;
-    std::uint32_t lookups = 0;
+    nuv64::ExpressionChain chain;
 };
 
 cKoAsciPars::~cKoAsciPars() = default;
@@ -259,25 +242,17 @@ std::uint32_t cKoAsciPars::CopyFrom(const cKoAsciPars* other) {
 
 double cKoAsciPars::variable(const char* name, void* context) {
     Evaluation& evaluation = *static_cast<Evaluation*>(context);
-    if (++evaluation.lookups > kMaximumLookups) return ___NAN;
     return evaluation.block->readReal(name, evaluation);
 }
 
 double cKoAsciPars::evaluate(const char* text, const char** end, Evaluation& evaluation) const {
     if (end) *end = text;
-    const std::uint32_t nesting = nestingOf(viewOf(text));
-    if (!text || evaluation.chain == kMaximumChain ||
-        evaluation.nesting + nesting > kMaximumNesting) {
-        return ___NAN;
-    }
-    ++evaluation.chain;
-    evaluation.nesting += nesting;
+    if (!text) return ___NAN;
     cKoExpression expression;
     expression.context = &evaluation;
+    expression.chain = &evaluation.chain;
     expression.getVariable = variable;
     const double result = expression.Evaluate(text, end);
-    evaluation.nesting -= nesting;
-    --evaluation.chain;
     return expression.error != 0 ? ___NAN : result;
 }
 
