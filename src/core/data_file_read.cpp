@@ -185,16 +185,18 @@ std::int64_t cKoFile::ReadLineView(std::string_view& line) {
 
 std::int64_t cKoFile::ReadLine(char** text) {
     if (!text) return kOutOfMemory;
-    OwnedText(*text).reset();
+    OwnedText old(*text);
     *text = nullptr;
     std::string_view line;
     const std::int64_t result = ReadLineView(line);
     if (result < 0 || (result == 0 && line.empty())) return result;
-    OwnedText copy = tryAllocate<char>(line.size() + 1);
-    if (!copy) return fail(platform::kErrorOutOfMemory), kOutOfMemory;
-    if (!line.empty()) std::memcpy(copy.get(), line.data(), line.size());
-    copy[line.size()] = 0;
-    *text = copy.release();
+    // The old text's block mostly serves again.
+    void* const block = std::realloc(old.get(), line.size() + 1);
+    if (!block) return fail(platform::kErrorOutOfMemory), kOutOfMemory;
+    static_cast<void>(old.release());
+    *text = static_cast<char*>(block);
+    if (!line.empty()) std::memcpy(*text, line.data(), line.size());
+    (*text)[line.size()] = 0;
     return result;
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstring>
 #include <random>
@@ -208,6 +209,42 @@ TEST_P(DataFileWindow, LocatesAcrossSeams) {
 
 INSTANTIATE_TEST_SUITE_P(Limits, DataFileWindow,
                          testing::Values(3, 5, 16, 64, 200, cKoFile::kLargestWindow));
+
+TEST(DataFileWindowMoves, FollowTheirRules) {
+    const TempFolder folder;
+    cKoFile file(folder.write("a", std::string(1000, 'x')).c_str(), nullptr, nullptr);
+    ASSERT_TRUE(file.OpenExisting(0, 0));
+    const auto window = [&] {
+        return std::array{file.windowOffset, file.windowFilled, file.windowSize};
+    };
+    using Window = std::array<std::int64_t, 3>;
+    char bytes[2000];
+    const auto read = [&](std::int64_t at, std::int64_t count) {
+        EXPECT_TRUE(file.Seek(at));
+        return file.Read(bytes, count);
+    };
+    read(10, 1);
+    EXPECT_EQ(window(), (Window{10, 990, 1002})) << "the whole of a small file and two more";
+    file.DropWindow();
+    EXPECT_EQ(window(), (Window{0, 0, 0}));
+    file.windowLimit = 100;
+    read(300, 10);
+    EXPECT_EQ(window(), (Window{300, 100, 100}));
+    read(390, 20);
+    EXPECT_EQ(window(), (Window{390, 100, 100})) << "slides";
+    read(600, 1);
+    EXPECT_EQ(window(), (Window{600, 100, 100})) << "behind its end";
+    read(500, 100);
+    EXPECT_EQ(window(), (Window{500, 100, 100})) << "before its start";
+    read(450, 60);
+    EXPECT_EQ(window(), (Window{450, 100, 100})) << "ending inside";
+    read(940, 5);
+    EXPECT_EQ(window(), (Window{940, 60, 100})) << "filled as far as the file goes";
+    EXPECT_EQ(read(930, 80), 70);
+    EXPECT_EQ(window(), (Window{930, 70, 82})) << "over both ends of what it holds";
+    read(100, 300);
+    EXPECT_EQ(window(), (Window{100, 302, 302})) << "more than it can hold";
+}
 
 TEST(DataFileLocate, CasesWithoutASearch) {
     const TempFolder folder;
