@@ -12,8 +12,8 @@
 #include "core/line_source.h"
 #include "core/owned_result.h"
 #include "core/sparse_file.h"
-#include "data/temp_folder.h"
 #include "nuv64/core/file.h"
+#include "support/temp_folder.h"
 
 #ifndef _WIN32
 #include <unistd.h>

@@ -7,10 +7,10 @@
 #include <random>
 
 #include "core/owned_result.h"
-#include "data/temp_folder.h"
 #include "nuv64/core/file.h"
 #include "nuv64/core/system.h"
 #include "platform/platform.h"
+#include "support/temp_folder.h"
 
 #ifndef _WIN32
 #include <unistd.h>

@@ -8,8 +8,8 @@
 #include "core/owned.h"
 #include "core/owned_result.h"
 #include "core/sparse_file.h"
-#include "data/temp_folder.h"
 #include "platform/platform.h"
+#include "support/temp_folder.h"
 
 namespace {
 

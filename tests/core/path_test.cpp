@@ -6,9 +6,9 @@
 #include <random>
 
 #include "core/owned_result.h"
-#include "data/temp_folder.h"
 #include "nuv64/core/file.h"
 #include "platform/platform.h"
+#include "support/temp_folder.h"
 
 namespace {
 

@@ -10,12 +10,12 @@
 
 #include "core/console_host.h"
 #include "core/owned_result.h"
-#include "data/temp_folder.h"
 #include "nuv64/core/clock.h"
 #include "nuv64/core/file.h"
 #include "nuv64/core/file_dialog.h"
 #include "nuv64/core/path.h"
 #include "platform/platform.h"
+#include "support/temp_folder.h"
 
 #ifndef _WIN32
 #include <sys/stat.h>

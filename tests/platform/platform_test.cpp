@@ -6,8 +6,8 @@
 #include <random>
 #include <thread>
 
-#include "data/temp_folder.h"
 #include "platform/utf_text.h"
+#include "support/temp_folder.h"
 
 #ifndef _WIN32
 #include <signal.h>
