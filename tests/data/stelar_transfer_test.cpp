@@ -15,7 +15,7 @@
 #include "data/default_task_script.h"
 #include "nuv64/data/data_object.h"
 #include "stelar_files.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace {
 
