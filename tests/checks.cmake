@@ -65,8 +65,7 @@ endif()
 if(NOT NUV64_SANITIZE)
     set(package_arguments)
     if(CMAKE_CROSSCOMPILING)
-        list(APPEND package_arguments -DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}
-             "-DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR}")
+        list(APPEND package_arguments -DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE})
     else()
         find_program(PKG_CONFIG pkg-config)
         list(APPEND package_arguments -DPKG_CONFIG=${PKG_CONFIG})
@@ -74,6 +73,7 @@ if(NOT NUV64_SANITIZE)
     add_test(NAME package COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR}
              -DSOURCE=${CMAKE_CURRENT_SOURCE_DIR}/package -DWORK=${PROJECT_BINARY_DIR}/package_test
              -DC=${CMAKE_C_COMPILER} -DCXX=${CMAKE_CXX_COMPILER} ${package_arguments}
+             "-DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR}"
              -P ${CMAKE_CURRENT_SOURCE_DIR}/package/package_test.cmake)
 endif()
 

@@ -19,7 +19,8 @@ file(RENAME ${WORK}/first ${WORK}/prefix)
 
 set(toolchain)
 if(TOOLCHAIN)
-    set(toolchain -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH=${WORK}/prefix
+    set(toolchain -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DCMAKE_EXE_LINKER_FLAGS=-static
+        -DCMAKE_FIND_ROOT_PATH=${WORK}/prefix
         -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH)
 endif()
 run(${CMAKE_COMMAND} -G Ninja -S ${SOURCE}/consumer -B ${WORK}/by_cmake -DCMAKE_BUILD_TYPE=Release
