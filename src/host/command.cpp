@@ -1,6 +1,9 @@
 // The frame around every command: the block's lifetime, the events, the translation of failures.
 #include "nuv64/host/command.h"
 
+#include <cstdlib>
+#include <exception>
+
 #include "core/guard.h"
 #include "data/data_object.h"
 #include "host/application_commands.h"
@@ -17,9 +20,17 @@ std::uint64_t notifyHost(NuvCommandBlock& block, std::uint32_t event) noexcept {
 
 namespace {
 
+// Some runtimes allocate a thread's exception state at its first exception, and give up when they
+// can't. Asking for it here makes it while there is memory, not when the first bad_alloc needs it.
+void prepareExceptions() noexcept {
+    [[maybe_unused]] const int uncaught = std::uncaught_exceptions();
+}
+
 NuvCommandBlock* openBlock() noexcept {
     auto* block = static_cast<NuvCommandBlock*>(std::calloc(1, sizeof(NuvCommandBlock)));
-    if (block) block->Command = CmdOpen;
+    if (!block) return nullptr;
+    prepareExceptions();
+    block->Command = CmdOpen;
     return block;
 }
 
