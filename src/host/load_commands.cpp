@@ -19,16 +19,6 @@ constexpr std::uint32_t kNeedsFileName = 0x200;
 constexpr std::uint32_t kSimulation = 12;
 constexpr std::uint32_t kCsvTable = 10;
 
-// Parameter blocks end their lines in CR.
-std::string withCarriageReturns(const char* text) {
-    std::string lines;
-    for (const char* c = text; *c; ++c) {
-        if (c[0] == '\r' && c[1] == '\n') continue;  // the LF behind it becomes the CR
-        lines.push_back(*c == '\n' ? '\r' : *c);
-    }
-    return lines;
-}
-
 std::uint32_t appendSimulatedZone(cKoData& data, const char* parameterText) {
     auto zone = std::make_unique<cKoData>();
     const std::uint32_t status =
@@ -141,6 +131,15 @@ OwnedWideText askForNewFile(std::uint64_t fileKind) {
 }
 
 }  // namespace
+
+std::string withCarriageReturns(const char* text) {
+    std::string lines;
+    for (const char* c = text; *c; ++c) {
+        if (c[0] == '\r' && c[1] == '\n') continue;  // the LF behind it becomes the CR
+        lines.push_back(*c == '\n' ? '\r' : *c);
+    }
+    return lines;
+}
 
 std::uint32_t loadData(CommandContext& context) {
     NuvCommandBlock& block = context.block;

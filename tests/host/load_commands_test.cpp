@@ -107,6 +107,13 @@ TEST_F(LoadCommands, TellTheSourcesThatHaveNoReaderYet) {
     EXPECT_EQ(block_->Data->ChildCount(), 2u);
 }
 
+TEST(ParameterText, EndsItsLinesInCarriageReturns) {
+    EXPECT_EQ(withCarriageReturns(""), "");
+    EXPECT_EQ(withCarriageReturns("A=1"), "A=1");
+    EXPECT_EQ(withCarriageReturns("A=1\nB=2\r\nC=3\rD=4"), "A=1\rB=2\rC=3\rD=4");
+    EXPECT_EQ(withCarriageReturns("\r\n\n\r\r\n"), "\r\r\r\r");
+}
+
 TEST_F(LoadCommands, FailOnFilesThatAreNone) {
     EXPECT_EQ(load(file_.module()), 56u);
     file_.write("");
