@@ -10,6 +10,8 @@ tools/need-packages g++ cmake ninja-build ccache googletest python3 pkg-config b
     clang-14 clang-format-14 g++-mingw-w64-x86-64-posix wine wine64
 
 export CCACHE_NOHASHDIR=1 CCACHE_BASEDIR="$PWD" CCACHE_DIR="${CCACHE_DIR:-$HOME/.cache/ccache}"
+# Precompiled headers go through the cache only with these.
+export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
 export CTEST_OUTPUT_ON_FAILURE=1
 jobs=$(nproc)
 
