@@ -2,7 +2,7 @@
 # Sets a Debian machine up, builds the module four ways and runs all tests: release (with the checks
 # of format, layers and exports), sanitizers, Windows under Wine, and clang's warnings.
 #   ./test.sh            everything
-#   ./test.sh release    only the named builds, of: release asan-ubsan windows clang
+#   ./test.sh release    only the named builds, of: release asan-ubsan windows clang debug tidy
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -43,6 +43,12 @@ for name in "${builds[@]}"; do
     case $name in
         release | asan-ubsan | windows | debug) test_build "$name" ;;
         clang) build clang ;;  # warnings are errors; the tests ran above
+        tidy)
+            tools/need-packages clang-tidy-14
+            build clang
+            git ls-files 'src/*.cpp' 'apps/*.cpp' | grep -v '^src/platform/windows/' |
+                xargs -P "$jobs" -n 4 clang-tidy-14 -p build/clang --quiet 2>/dev/null || true
+            ;;
         *) echo "unknown build: $name" >&2; exit 2 ;;
     esac
 done
