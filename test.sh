@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 tools/need-packages g++ cmake ninja-build ccache googletest python3 pkg-config binutils git \
-    clang-14 clang-format-14 g++-mingw-w64-x86-64-posix wine wine64
+    libeigen3-dev clang-14 clang-format-14 g++-mingw-w64-x86-64-posix wine wine64
 
 export CCACHE_NOHASHDIR=1 CCACHE_BASEDIR="$PWD" CCACHE_DIR="${CCACHE_DIR:-$HOME/.cache/ccache}"
 # Precompiled headers go through the cache only with these.
