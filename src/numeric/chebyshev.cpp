@@ -8,9 +8,10 @@ namespace {
 
 constexpr uint64_t kRecurrenceLimit = 64;
 
-double byRecurrence(double x, uint64_t n) {
+// The polynomial of degree n that begins with 1 and first, by P_(k+1) = 2 x P_k - P_(k-1).
+double byRecurrence(double x, double first, uint64_t n) {
     double previous = 1.0;
-    double value = x;
+    double value = first;
     for (uint64_t k = 1; k < n; ++k) {
         const double next = 2.0 * x * value - previous;
         previous = value;
@@ -23,11 +24,27 @@ double byRecurrence(double x, uint64_t n) {
 
 double rChebyshevT(double x, uint64_t n) noexcept {
     if (n == 0) return 1.0;
-    if (n <= kRecurrenceLimit) return byRecurrence(x, n);
+    if (n <= kRecurrenceLimit) return byRecurrence(x, x, n);
     const double degree = static_cast<double>(n);
     const double magnitude = std::fabs(x);
     const double value = magnitude <= 1.0 ? std::cos(degree * std::acos(magnitude))
                                           : std::cosh(degree * std::acosh(magnitude));
+    return x < 0.0 && n % 2 != 0 ? -value : value;
+}
+
+double rChebyshevU(double x, uint64_t n) noexcept {
+    if (n == 0) return 1.0;
+    if (n <= kRecurrenceLimit) return byRecurrence(x, 2.0 * x, n);
+    const double multiple = static_cast<double>(n) + 1.0;
+    const double magnitude = std::fabs(x);
+    double value = multiple;
+    if (magnitude < 1.0) {
+        const double sine = std::sqrt(1.0 + magnitude) * std::sqrt(1.0 - magnitude);
+        value = std::sin(multiple * std::acos(magnitude)) / sine;
+    } else if (magnitude != 1.0) {
+        const double sine = std::sqrt(magnitude + 1.0) * std::sqrt(magnitude - 1.0);
+        value = std::sinh(multiple * std::acosh(magnitude)) / sine;
+    }
     return x < 0.0 && n % 2 != 0 ? -value : value;
 }
 

@@ -9,17 +9,10 @@ namespace {
 
 constexpr int64_t kInvalid = INT64_MIN;
 
-// Halves away from zero. Not std::round: that of the Windows runtime adds one half, which turns
-// 0.49999999999999994 into 1.
-double roundToNearest(double x) {
-    const double whole = std::trunc(x);
-    return std::fabs(x - whole) >= 0.5 ? whole + std::copysign(1.0, x) : whole;
-}
-
 // x rounded to nearest and limited to [low, high]; the real limits are those of the type.
 template <class Integer>
 bool toInterval(double x, Integer* out, Integer low, Integer high, double typeLow, double typeEnd) {
-    const double rounded = roundToNearest(x);
+    const double rounded = nuv64::roundHalfAway(x);
     Integer value = low;
     bool inside = false;
     if (rounded >= typeEnd) {
@@ -57,7 +50,7 @@ double rCeil(double x) noexcept {
 }
 
 double rRound(double x) noexcept {
-    return roundToNearest(x);
+    return nuv64::roundHalfAway(x);
 }
 
 double rTrunc(double x) noexcept {
@@ -67,6 +60,10 @@ double rTrunc(double x) noexcept {
 double rModf(double x, double* whole) noexcept {
     double unused;
     return std::modf(x, whole ? whole : &unused);
+}
+
+double rFmod(double x, double y) noexcept {
+    return std::fmod(x, y);
 }
 
 int32_t iRealRoundToLong(double x, uint32_t* flags) noexcept {
@@ -110,7 +107,7 @@ int64_t iCeil(double x) noexcept {
 }
 
 int64_t iRound(double x) noexcept {
-    return nuv64::truncateToQlong(roundToNearest(x));
+    return nuv64::truncateToQlong(nuv64::roundHalfAway(x));
 }
 
 int64_t iSymFloor(double x) noexcept {
@@ -130,7 +127,7 @@ int64_t iCeilFrac(double x, double* fraction) noexcept {
 }
 
 int64_t iRoundFrac(double x, double* fraction) noexcept {
-    return split(x, roundToNearest(x), fraction);
+    return split(x, nuv64::roundHalfAway(x), fraction);
 }
 
 int64_t iSymFloorFrac(double x, double* fraction) noexcept {

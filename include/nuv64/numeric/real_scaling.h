@@ -1,10 +1,17 @@
-/* Reals as a mantissa and a power of a radix. */
+/* Reals as a mantissa and a power of a radix, 2 or any other. */
 #ifndef NUV64_NUMERIC_REAL_SCALING_H
 #define NUV64_NUMERIC_REAL_SCALING_H
 
 #include "nuv64/core/types.h"
 
 NUV64_BEGIN_DECLS
+
+/* x as m*2^e with 1/2 <= |m| < 1; the result is m with the sign of x, *exponent (may be null) takes
+ * e. Exact. Zero, a not-a-number and an infinity come back with the exponent 0. */
+NUV64_API double rFrexp(double x, int32_t* exponent) NUV64_NOEXCEPT;
+
+/* x*2^exponent, rounded once: an infinity on overflow, subnormal or zero on underflow. */
+NUV64_API double rLdexp(double x, int32_t exponent) NUV64_NOEXCEPT;
 
 /* Takes x apart into m*radix^e with 1 <= |m| < radix; the result is m with the sign of x, *exponent
  * (may be null) takes e. The radix is divided out or multiplied in step by step and each step

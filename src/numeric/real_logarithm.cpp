@@ -1,0 +1,81 @@
+#include "nuv64/numeric/real_logarithm.h"
+
+#include <cmath>
+
+#include "numeric/horner.h"
+#include "nuv64/core/special_reals.h"
+#include "nuv64/numeric/real_bounded.h"
+#include "nuv64/numeric/real_elementary.h"
+
+namespace {
+
+constexpr double kLn2 = 0.6931471805599453;
+constexpr double kLog10Of2 = 0.3010299956639812;
+constexpr double kLog10OfE = 0.4342944819032518;
+
+// Taylor coefficients of ln(1 + x)/x and (ln(1 + x)/x - 1)/x. The terms left out are below
+// 2^-54 within the short branch (2^-13) and 2^-62 within the long one (0.001).
+constexpr double kBranch = 0.001;
+constexpr double kT1Short[] = {1.0, -1.0 / 2, 1.0 / 3, -1.0 / 4};
+constexpr double kT1[] = {1.0, -1.0 / 2, 1.0 / 3, -1.0 / 4, 1.0 / 5, -1.0 / 6};
+constexpr double kT2Short[] = {-1.0 / 2, 1.0 / 3, -1.0 / 4, 1.0 / 5};
+constexpr double kT2[] = {-1.0 / 2, 1.0 / 3, -1.0 / 4, 1.0 / 5, -1.0 / 6, 1.0 / 7};
+
+}  // namespace
+
+double rLog2(double x) noexcept {
+    return x <= ___MinReal ? ___NAN : std::log2(x);
+}
+
+double rLog(double x) noexcept {
+    return kLn2 * rLog2(x);
+}
+
+double rLog10(double x) noexcept {
+    return kLog10Of2 * rLog2(x);
+}
+
+double rLog1p(double x) noexcept {
+    return std::log1p(x);
+}
+
+double rLogA(double x) noexcept {
+    if (x < 0.0) return ___NAN;
+    if (x == 0.0) return 0.0;
+    return x * rLog(x) - x;
+}
+
+double rLogD(double x) noexcept {
+    return rSafeInv(x);
+}
+
+double rLogInBase(double x, double base) noexcept {
+    const double divisor = rLog2(base);
+    return std::isnan(divisor) ? divisor : rLog2(x) / divisor;
+}
+
+double rLogRatio(double x, double base) noexcept {
+    return base == 1.0 ? ___NAN : rLogInBase(x, base);
+}
+
+double rLogSym(double x) noexcept {
+    return x < 0.0 ? -rLog1p(-x) : rLog1p(x);
+}
+
+double rLogSym10(double x) noexcept {
+    return kLog10OfE * rLogSym(x);
+}
+
+double rLogT1(double x) noexcept {
+    const double magnitude = rAbs(x);
+    if (magnitude < ___Root4EpsReal) return nuv64::horner(kT1Short, x);
+    if (magnitude < kBranch) return nuv64::horner(kT1, x);
+    return rLog1p(x) / x;
+}
+
+double rLogT2(double x) noexcept {
+    const double magnitude = rAbs(x);
+    if (magnitude < ___Root4EpsReal) return nuv64::horner(kT2Short, x);
+    if (magnitude < kBranch) return nuv64::horner(kT2, x);
+    return (rLog1p(x) / x - 1.0) / x;
+}
