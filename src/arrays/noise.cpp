@@ -2,9 +2,12 @@
 
 #include <cmath>
 
+#include "arrays/deviations.h"
+#include "arrays/real_extremes.h"
 #include "core/guard.h"
 #include "core/owned.h"
 #include "nuv64/arrays/real_array.h"
+#include "nuv64/arrays/real_array_means.h"
 #include "nuv64/arrays/smoothing.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/real_special.h"
@@ -33,13 +36,8 @@ double pRArrVarianceCorr(uint64_t n, const double* a, double c, double* mean) no
     const double divisor = static_cast<double>(n) + c;
     if (!a || !(divisor >= 0.001)) return ___NAN;
     const double centre = RArrMeanA(n, a);
-    double sum = 0.0;
-    for (uint64_t i = 0; i < n; ++i) {
-        const double deviation = a[i] - centre;
-        sum += deviation * deviation;
-    }
     if (mean) *mean = centre;
-    return sum / divisor;
+    return squaredDeviations<AsIs>(n, a, centre) / divisor;
 }
 
 double pRArrStdCorr(uint64_t n, const double* a, double c, double* mean) noexcept {

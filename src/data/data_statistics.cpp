@@ -6,6 +6,7 @@
 #include "data/data_object.h"
 #include "nuv64/arrays/noise.h"
 #include "nuv64/arrays/real_array.h"
+#include "nuv64/arrays/real_array_means.h"
 #include "nuv64/arrays/signal_array.h"
 #include "nuv64/core/special_reals.h"
 

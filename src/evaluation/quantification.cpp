@@ -12,6 +12,7 @@
 #include "evaluation/status_words.h"
 #include "evaluation/step.h"
 #include "nuv64/arrays/grid.h"
+#include "nuv64/arrays/real_array_means.h"
 #include "nuv64/arrays/real_reductions.h"
 #include "nuv64/arrays/signal_array.h"
 #include "nuv64/core/special_reals.h"
