@@ -8,6 +8,7 @@
 #include "core/file_open.h"
 #include "core/path_text.h"
 #include "nuv64/core/file_dialog.h"
+#include "nuv64/core/file_find.h"
 #include "nuv64/core/path.h"
 #include "nuv64/core/system.h"
 #include "nuv64/core/text_edit.h"
@@ -99,11 +100,12 @@ cKoFile::~cKoFile() {
 }
 
 void cKoFile::Reset() noexcept {
+    if (findHandle != kNoHandle) FileFindClose(findHandle, 0);
+    findHandle = kNoHandle;
     Close();
     path.reset();
     spill.reset();
     spillCapacity = 0;
-    findHandle = -1;
     flags = 0;
     lastError = 0;
     size = 0;

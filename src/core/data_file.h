@@ -104,7 +104,7 @@ struct cKoFile : cKoObject {
     std::uint32_t lastError = 0;
     std::int64_t size = 0;  // as last asked; 0 for not asked yet, kUnknownSize for a failed query
     std::int64_t position = 0;
-    std::int64_t findHandle = -1;
+    std::int64_t findHandle = kNoHandle;  // of a running directory search
     std::int64_t windowSize = 0;
     std::int64_t windowFilled = 0;
     std::int64_t windowOffset = 0;

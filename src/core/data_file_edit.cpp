@@ -3,11 +3,10 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
-#include <new>
 #include <string>
 #include <vector>
 
+#include "core/sub_string.h"
 #include "platform/platform.h"
 
 using namespace nuv64;
@@ -19,40 +18,6 @@ constexpr std::int64_t kSmallestSearchBuffer = 32768;
 constexpr std::int64_t kLongestSearchText = 0x1000000;
 constexpr std::uint32_t kSearchFromStart = 16;
 constexpr std::uint32_t kSearchGoBehind = 64;
-
-struct Upper {
-    char operator()(char c) const noexcept {
-        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    }
-};
-
-struct UpperHash {
-    std::size_t operator()(char c) const noexcept { return static_cast<unsigned char>(Upper()(c)); }
-};
-
-struct UpperEqual {
-    bool operator()(char a, char b) const noexcept { return Upper()(a) == Upper()(b); }
-};
-
-// Finds sub in a chunk; npos when it isn't there. Boyer and Moore's skipping by the last character,
-// in Horspool's form (Software: Practice and Experience 10, 501, 1980), prepared once.
-using ChunkSearch = std::function<std::size_t(std::string_view chunk)>;
-
-template <class Searcher>
-ChunkSearch chunkSearch(Searcher searcher) {
-    return [searcher](std::string_view chunk) {
-        const auto found = std::search(chunk.begin(), chunk.end(), searcher);
-        return found == chunk.end() ? std::string_view::npos
-                                    : static_cast<std::size_t>(found - chunk.begin());
-    };
-}
-
-ChunkSearch makeSearch(std::string_view sub, bool ignoreCase) {
-    if (ignoreCase)
-        return chunkSearch(
-            std::boyer_moore_horspool_searcher(sub.begin(), sub.end(), UpperHash(), UpperEqual()));
-    return chunkSearch(std::boyer_moore_horspool_searcher(sub.begin(), sub.end()));
-}
 
 }  // namespace
 
@@ -92,7 +57,7 @@ std::int64_t cKoFile::Locate(const char* text, std::uint32_t searchFlags, std::i
     const auto subLength = static_cast<std::int64_t>(sub.size());
     if (subLength > kLongestSearchText) return fail(platform::kErrorOutOfMemory), -2;
     if ((searchFlags & kSearchFromStart) && !Seek(0)) return -1;
-    const ChunkSearch search = makeSearch(sub, ignoreCase != 0);
+    const SubString<char> wanted(sub, ignoreCase != 0, 0);
     std::vector<char> chunk(
         static_cast<std::size_t>(std::max(2 * subLength, kSmallestSearchBuffer)));
     for (;;) {
@@ -100,8 +65,8 @@ std::int64_t cKoFile::Locate(const char* text, std::uint32_t searchFlags, std::i
         const auto capacity = static_cast<std::int64_t>(chunk.size());
         const std::int64_t got = Read(chunk.data(), capacity);
         if (got < 0) return got;
-        const std::size_t hit = search({chunk.data(), static_cast<std::size_t>(got)});
-        if (hit != std::string_view::npos) {
+        const std::size_t hit = wanted.find({chunk.data(), static_cast<std::size_t>(got)});
+        if (hit != wanted.npos) {
             const std::int64_t match = start + static_cast<std::int64_t>(hit);
             return Seek(searchFlags & kSearchGoBehind ? match + subLength : match) ? 1 : -1;
         }

@@ -1,8 +1,6 @@
 #include "nuv64/core/file.h"
 
-#include <cstddef>
-#include <cstdlib>
-
+#include "core/file_calls.h"
 #include "core/file_open.h"
 #include "core/guard.h"
 #include "core/system_text.h"
@@ -11,29 +9,13 @@
 
 using namespace nuv64;
 
-static_assert(offsetof(FileInfo, mask) == 0 && offsetof(FileInfo, attributes) == 4);
-static_assert(offsetof(FileInfo, size) == 8 && offsetof(FileInfo, compressedSize) == 16);
-static_assert(offsetof(FileInfo, createdTime) == 24 && offsetof(FileInfo, accessedTime) == 32);
-static_assert(offsetof(FileInfo, writtenTime) == 40 && offsetof(FileInfo, executableType) == 48);
-static_assert(offsetof(FileInfo, fileVersion) == 56 && offsetof(FileInfo, productVersion) == 64);
-static_assert(offsetof(FileInfo, versionFlags) == 72 && offsetof(FileInfo, targetSystem) == 76);
-static_assert(offsetof(FileInfo, fileType) == 80 && offsetof(FileInfo, fileDate) == 88);
-static_assert(offsetof(FileInfo, text0) == 96 && offsetof(FileInfo, text3) == 120);
-static_assert(sizeof(FileInfo) == 128);
-
 namespace {
 
 constexpr std::uint32_t kNoFile = 0xFFFFFFFF;  // result of FileSetPointer
 constexpr std::uint64_t kLargestCount = INT64_MAX;
 
-// Notes the failure of a call that got no open file.
-bool isOpen(std::int64_t handle) noexcept {
-    platform::setLastError(platform::isHandle(handle) ? 0 : platform::kErrorInvalidHandle);
-    return platform::isHandle(handle);
-}
-
 std::int64_t readBytes(std::int64_t handle, void* buffer, std::uint64_t bytes) noexcept {
-    if (!isOpen(handle)) return -1;
+    if (!isOpenFile(handle)) return -1;
     if (bytes == 0) return 0;
     if (!buffer || bytes > kLargestCount) {
         platform::setLastError(platform::kErrorInvalidArgument);
@@ -54,7 +36,7 @@ std::int64_t readText(std::int64_t handle, Ch* buffer, std::uint64_t chars) noex
 }
 
 bool writeBytes(std::int64_t handle, const void* data, std::uint64_t bytes) noexcept {
-    if (!isOpen(handle)) return false;
+    if (!isOpenFile(handle)) return false;
     return !data || bytes == 0 || platform::writeFile(handle, data, bytes);
 }
 
@@ -63,28 +45,16 @@ bool writeText(std::int64_t handle, const Ch* text) noexcept {
     return writeBytes(handle, text, viewOf(text).size() * sizeof(Ch));
 }
 
-// Runs a call that converts a path; a lack of memory becomes the failure value and the error code.
-template <class Result, class Body>
-Result onPath(Result failure, Body&& body) noexcept {
-    platform::setLastError(0);
-    try {
-        return body();
-    } catch (...) {
-        platform::setLastError(platform::kErrorOutOfMemory);
-        return failure;
-    }
-}
-
 template <class Ch>
 std::int64_t openPath(const Ch* path, std::uint32_t mode, const char16_t* cannotCreate) noexcept {
-    return onPath(platform::kBadHandle,
-                  [&] { return openFileReporting(SystemText(path).get(), mode, cannotCreate); });
+    return fileCall(platform::kBadHandle,
+                    [&] { return openFileReporting(SystemText(path).get(), mode, cannotCreate); });
 }
 
 template <class Ch>
 std::uint32_t attributesOf(const Ch* path) noexcept {
-    return onPath(platform::kNoAttributes,
-                  [&] { return platform::fileAttributes(SystemText(path).get()); });
+    return fileCall(platform::kNoAttributes,
+                    [&] { return platform::fileAttributes(SystemText(path).get()); });
 }
 
 template <class Ch>
@@ -96,7 +66,7 @@ bool isPresent(const Ch* path, std::uint32_t* attributes) noexcept {
 
 template <class Ch>
 bool copyPath(const Ch* source, const Ch* target, std::uint32_t failIfExists) noexcept {
-    return onPath(false, [&] {
+    return fileCall(false, [&] {
         const SystemText to(target);
         if (!platform::copyFile(SystemText(source).get(), to.get(), failIfExists != 0))
             return false;
@@ -108,30 +78,10 @@ bool copyPath(const Ch* source, const Ch* target, std::uint32_t failIfExists) no
 
 template <class Ch>
 bool deletePath(const Ch* path) noexcept {
-    return onPath(false, [&] { return platform::deleteFile(SystemText(path).get()); });
+    return fileCall(false, [&] { return platform::deleteFile(SystemText(path).get()); });
 }
 
 }  // namespace
-
-void InitializeFileInfo(FileInfo* info) noexcept {
-    if (!info) return;
-    *info = FileInfo{};
-    info->attributes = platform::kNoAttributes;
-}
-
-void InitializeFileInfoA(FileInfo* info) noexcept {
-    InitializeFileInfo(info);
-}
-
-void EraseFileInfo(FileInfo* info) noexcept {
-    if (!info) return;
-    for (void* text : {info->text0, info->text1, info->text2, info->text3}) std::free(text);
-    InitializeFileInfo(info);
-}
-
-void EraseFileInfoA(FileInfo* info) noexcept {
-    EraseFileInfo(info);
-}
 
 int64_t FileOpen(const char16_t* path, uint32_t mode) noexcept {
     return openPath(path, mode, u"Can't create file");
@@ -177,7 +127,7 @@ bool FileWriteA(int64_t handle, const char* text) noexcept {
 
 uint32_t FileSetPointer(int64_t handle, int64_t distance, uint32_t origin,
                         int64_t* result) noexcept {
-    if (!isOpen(handle)) return kNoFile;
+    if (!isOpenFile(handle)) return kNoFile;
     if (origin > 2) {
         platform::setLastError(platform::kErrorInvalidArgument);
         return 0;
@@ -199,14 +149,14 @@ uint32_t FileMoveToEnd(int64_t handle, int64_t* result) noexcept {
 
 bool FileGetSize(int64_t handle, int64_t* result) noexcept {
     int64_t size = INT64_MIN;
-    const bool known = isOpen(handle) && platform::fileSize(handle, &size);
+    const bool known = isOpenFile(handle) && platform::fileSize(handle, &size);
     if (result) *result = size;
     return known;
 }
 
 bool FileTruncate(int64_t handle) noexcept {
     // A failure for which the system has no code counts as a success.
-    return isOpen(handle) && (platform::truncateFile(handle) || platform::lastError() == 0);
+    return isOpenFile(handle) && (platform::truncateFile(handle) || platform::lastError() == 0);
 }
 
 bool FileIsPresent(const char16_t* path, uint32_t* attributes) noexcept {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/console_host.h"
+#include "core/file_open.h"
 #include "core/guard.h"
 #include "core/owned.h"
 #include "core/path_text.h"
@@ -206,6 +207,25 @@ Ch* newSelection(const Ch* title, const Ch* folder, const Ch* defaultExtension, 
     });
 }
 
+// Mode word of FileOpen for a file that must be new.
+constexpr std::uint32_t kNewFile = kOpenNew | kOpenWrite;
+
+template <class Ch>
+std::int64_t openNewFile(const Ch* title, Ch** path) noexcept {
+    if (path) *path = nullptr;
+    return guardValue(platform::kBadHandle, [&] {
+        const SystemText titleText(title);
+        const std::u16string chosen = select(
+            {titleText.get(), nullptr, nullptr, u"*.txt|*.txt|", kSave, 0, nullptr}, nullptr);
+        if (chosen.empty()) return platform::kBadHandle;
+        Owned<Ch> name = ownedText<Ch>(resultText(chosen));
+        platform::setLastError(0);
+        const std::int64_t handle = openFileByMode(chosen.c_str(), kNewFile);
+        if (platform::isHandle(handle) && path) *path = name.release();
+        return handle;
+    });
+}
+
 }  // namespace
 
 }  // namespace nuv64
@@ -222,4 +242,12 @@ char* NewOsFileSelectDialogA(const char* title, const char* folder, const char* 
                              const char* filter, uint32_t flags, int64_t owner,
                              uint32_t* extra) noexcept {
     return newSelection(title, folder, defaultExtension, filter, flags, owner, extra);
+}
+
+int64_t OsOpenNewFile(const char16_t* title, char16_t** path) noexcept {
+    return openNewFile(title, path);
+}
+
+int64_t OsOpenNewFileA(const char* title, char** path) noexcept {
+    return openNewFile(title, path);
 }

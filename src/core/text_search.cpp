@@ -1,7 +1,6 @@
 #include "nuv64/core/text_search.h"
 
-#include <array>
-
+#include "core/sub_string.h"
 #include "core/text.h"
 
 namespace {
@@ -96,75 +95,15 @@ int32_t compare(const Ch* a, const Ch* b, uint32_t options, Ch wildcard) noexcep
     return (left.size() > common) - (right.size() > common);
 }
 
-using ShiftTable = std::array<uint64_t, 256>;
-
-// A pattern and how a character of it is met.
-template <class Ch>
-struct Pattern {
-    View<Ch> text;
-    bool ignoreCase = false;
-    Ch wildcard = 0;
-
-    Ch folded(Ch ch) const noexcept { return ignoreCase ? nuv64::toUpper(ch) : ch; }
-
-    bool matches(const Ch* place) const noexcept {
-        for (uint64_t i = text.size(); i-- > 0;) {
-            if (wildcard != 0 && text[i] == wildcard) continue;
-            if (folded(place[i]) != folded(text[i])) return false;
-        }
-        return true;
-    }
-
-    // A wildcard within the pattern stands for every character, so no shift may pass it.
-    ShiftTable shifts() const noexcept {
-        ShiftTable table;
-        table.fill(text.size());
-        for (uint64_t i = 0; i + 1 < text.size(); ++i) {
-            const uint64_t shift = text.size() - 1 - i;
-            if (wildcard != 0 && text[i] == wildcard) {
-                table.fill(shift);
-            } else {
-                table[folded(text[i]) & 0xFF] = shift;
-            }
-        }
-        return table;
-    }
-};
-
-template <class Ch>
-const Ch* locate(View<Ch> text, const Pattern<Ch>& pattern, const uint64_t* table) noexcept {
-    ShiftTable own;
-    if (!table) {
-        own = pattern.shifts();
-        table = own.data();
-    }
-    const uint64_t length = pattern.text.size();
-    for (uint64_t i = 0; length <= text.size() && i <= text.size() - length;) {
-        if (pattern.matches(text.data() + i)) return text.data() + i;
-        const uint64_t shift = table[pattern.folded(text[i + length - 1]) & 0xFF];
-        if (shift > text.size()) break;
-        i += std::max<uint64_t>(shift, 1);
-    }
-    return nullptr;
-}
-
 template <class Ch>
 Ch* locateSubString(const Ch* text, const Ch* sub, uint64_t textLen, uint64_t subLen,
                     uint32_t options, Ch wildcard, const uint64_t* table) noexcept {
     if (!text || !sub || *sub == 0) return const_cast<Ch*>(text);
-    View<Ch> searched = textLen != 0 ? View<Ch>(text, textLen) : View<Ch>(text);
-    View<Ch> pattern = subLen != 0 ? View<Ch>(sub, subLen) : View<Ch>(sub);
-    uint64_t moved = 0;
-    if (wildcard != 0) {
-        moved = std::min(pattern.find_first_not_of(wildcard), pattern.size());
-        pattern = pattern.substr(moved, pattern.find_last_not_of(wildcard) + 1 - moved);
-    }
-    if (moved > searched.size()) return nullptr;
-    if (pattern.empty()) return const_cast<Ch*>(text);
-    searched.remove_prefix(moved);
-    const Pattern<Ch> wanted{pattern, (options & kIgnoreCase) != 0, wildcard};
-    const Ch* found = locate(searched, wanted, table);
-    return found ? const_cast<Ch*>(found - moved) : nullptr;
+    const View<Ch> searched = textLen != 0 ? View<Ch>(text, textLen) : View<Ch>(text);
+    const View<Ch> pattern = subLen != 0 ? View<Ch>(sub, subLen) : View<Ch>(sub);
+    const nuv64::SubString<Ch> wanted(pattern, (options & kIgnoreCase) != 0, wildcard);
+    const std::size_t place = wanted.find(searched, table);
+    return place == wanted.npos ? nullptr : const_cast<Ch*>(text + place);
 }
 
 }  // namespace

@@ -26,30 +26,6 @@ struct Handle {
     bool open() const { return value != 0 && value != -1; }
 };
 
-TEST(FileInfoRecord, IsEmptyAfterInitialisingAndErasing) {
-    FileInfo info;
-    std::memset(&info, 0x5A, sizeof info);
-    InitializeFileInfo(&info);
-    EXPECT_EQ(info.mask, 0u);
-    EXPECT_EQ(info.attributes, 0xFFFFFFFFu);
-    EXPECT_EQ(info.size, 0u);
-    EXPECT_EQ(info.text3, nullptr);
-    info.mask = 43;
-    info.text0 = nuv64::copyText("abc", 3).release();
-    info.text3 = nuv64::copyText(u"abc", 3).release();
-    EraseFileInfo(&info);
-    EXPECT_EQ(info.mask, 0u);
-    EXPECT_EQ(info.text0, nullptr);
-    EXPECT_EQ(info.text3, nullptr);
-    InitializeFileInfoA(&info);
-    EraseFileInfoA(&info);
-    EXPECT_EQ(info.attributes, 0xFFFFFFFFu);
-    InitializeFileInfo(nullptr);
-    EraseFileInfo(nullptr);
-    InitializeFileInfoA(nullptr);
-    EraseFileInfoA(nullptr);
-}
-
 TEST(FileOpen, FollowsTheModeWord) {
     const TempFolder folder;
     const std::u16string old = folder.write("old", "12345");

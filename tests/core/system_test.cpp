@@ -248,7 +248,45 @@ TEST(NewOsFileSelectDialog, RemembersTheFolderOfAFreeChoice) {
     EXPECT_EQ(chosen(folder, native + "\n", 2), path);
     EXPECT_EQ(chosen(folder, "a.sdf\n", 2, nullptr), path);
 }
+
+TEST(OsOpenNewFile, CreatesTheFileThatTheUserNames) {
+    const TempFolder folder;
+    const std::string native = folder.native("new.txt").string();
+    std::string path = native;
+    std::replace(path.begin(), path.end(), '/', '\\');
+    for (const bool again : {false, true}) {
+        const Typed typed(folder, native + "\n");
+        shown([&] {
+            char* name = nullptr;
+            std::int64_t handle = OsOpenNewFileA("Choose", &name);
+            EXPECT_EQ(taken(name), again ? std::nullopt : std::optional(path));
+            EXPECT_EQ(handle == -1, again) << "the second time it exists";
+            EXPECT_EQ(nuv64::platform::lastError() != 0, again);
+            EXPECT_EQ(FileWriteA(handle, "text"), !again);
+            EXPECT_TRUE(FileClose(&handle, 0));
+            return 0u;
+        });
+    }
+    EXPECT_EQ(folder.read("new.txt"), "text");
+    const Typed typed(folder, folder.native("second").string() + "\n");
+    shown([&] {
+        std::int64_t handle = OsOpenNewFile(nullptr, nullptr);
+        EXPECT_NE(handle, -1);
+        EXPECT_TRUE(FileClose(&handle, 0));
+        return 0u;
+    });
+}
 #endif
+
+TEST(OsOpenNewFile, WithoutAUserNothingIsOpened) {
+    if (nuv64::platform::inputIsTerminal()) GTEST_SKIP() << "there is a user";
+    char16_t* path = nullptr;
+    char* pathA = nullptr;
+    EXPECT_EQ(OsOpenNewFile(u"Choose", &path), -1);
+    EXPECT_EQ(OsOpenNewFileA(nullptr, &pathA), -1);
+    EXPECT_EQ(path, nullptr);
+    EXPECT_EQ(pathA, nullptr);
+}
 
 TEST(NewOsFileSelectDialog, WithoutAUserItCountsAsCancelled) {
     if (nuv64::platform::inputIsTerminal()) GTEST_SKIP() << "there is a user";

@@ -10,40 +10,7 @@
 
 #include "nuv64/core/types.h"
 
-/* What is known of a file. mask tells which fields are valid. The texts are owned by the record and
- * have the width of the function that filled it. */
-typedef struct FileInfo {
-    uint32_t mask;       /* 0 when empty */
-    uint32_t attributes; /* all ones when empty */
-    uint64_t size;       /* bytes */
-    uint64_t compressedSize;
-    uint64_t createdTime; /* times in 100 ns since the start of 1601, UTC */
-    uint64_t accessedTime;
-    uint64_t writtenTime;
-    uint32_t executableType;
-    uint64_t fileVersion;
-    uint64_t productVersion;
-    uint32_t versionFlags;
-    uint32_t targetSystem;
-    uint32_t fileType;
-    uint64_t fileDate;
-    void* text0;
-    void* text1;
-    void* text2;
-    void* text3;
-} FileInfo;
-
 NUV64_BEGIN_DECLS
-
-/* Makes *info empty: all fields 0 or null, attributes all ones. The old content is not looked at,
- * so a record must be initialised before it is first used. Null is a no-op. The A name is the same
- * routine. */
-NUV64_API void InitializeFileInfo(FileInfo* info) NUV64_NOEXCEPT;
-NUV64_API void InitializeFileInfoA(FileInfo* info) NUV64_NOEXCEPT;
-
-/* Frees the texts of *info and makes it empty. Null is a no-op. The A name is the same routine. */
-NUV64_API void EraseFileInfo(FileInfo* info) NUV64_NOEXCEPT;
-NUV64_API void EraseFileInfoA(FileInfo* info) NUV64_NOEXCEPT;
 
 /* Opens or creates a file. The bits of mode:
  *   0x1        write access too, otherwise read only

@@ -40,6 +40,14 @@ NUV64_API char* NewOsFileSelectDialogA(const char* title, const char* folder,
                                        uint32_t flags, int64_t owner,
                                        uint32_t* extra) NUV64_NOEXCEPT;
 
+/* Lets the user name a new file, in a save dialog with the pattern "*.txt" that starts in the
+ * folder of the last choice, and creates it for writing. title: what is asked; may be null. path
+ * (may be null) receives the full path as a new text, owned by the caller. The result is the handle
+ * of the open file; -1 with *path null when the user cancelled, when the file exists already or
+ * can't be created (the system's code is in the last-error slot), or memory is short. */
+NUV64_API int64_t OsOpenNewFile(const char16_t* title, char16_t** path) NUV64_NOEXCEPT;
+NUV64_API int64_t OsOpenNewFileA(const char* title, char** path) NUV64_NOEXCEPT;
+
 NUV64_END_DECLS
 
 #endif

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "platform/posix/file_status.h"
 #include "platform/posix/native.h"
 
 namespace nuv64::platform {
@@ -33,16 +34,20 @@ bool copyContent(int source, int target) {
 
 }  // namespace
 
-std::uint32_t fileAttributes(const char16_t* path) {
-    if (!path || !*path) return noteError(ENOENT), kNoAttributes;
-    const std::string native = nativePath(path);
-    struct stat status;
-    if (::stat(native.c_str(), &status) != 0) return noteError(), kNoAttributes;
+std::uint32_t attributesOf(const std::string& native, const struct stat& status) noexcept {
     std::uint32_t attributes = 0;
     if (S_ISDIR(status.st_mode)) attributes |= kAttributeDirectory;
     if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) attributes |= kAttributeReadOnly;
     if (isHiddenName(native)) attributes |= kAttributeHidden;
     return attributes ? attributes : kAttributeNormal;
+}
+
+std::uint32_t fileAttributes(const char16_t* path) {
+    if (!path || !*path) return noteError(ENOENT), kNoAttributes;
+    const std::string native = nativePath(path);
+    struct stat status;
+    if (::stat(native.c_str(), &status) != 0) return noteError(), kNoAttributes;
+    return attributesOf(native, status);
 }
 
 bool copyFile(const char16_t* source, const char16_t* target, bool failIfExists) {
