@@ -15,6 +15,7 @@ namespace nuv64 {
 namespace {
 
 constexpr std::uint32_t kShellError = 4;
+constexpr std::uint32_t kMissingArgument = 22;
 constexpr std::uint32_t kUndefinedFile = 63;
 
 std::u16string executableFraction(std::uint32_t part) {
@@ -60,11 +61,48 @@ Ch* newEnvironmentVariable(const Ch* name) noexcept {
 }
 
 template <class Ch>
+bool setEnvironmentVariable(const Ch* name, const Ch* value) noexcept {
+    return guardValue(false, [&] {
+        platform::setLastError(0);
+        return platform::setEnvironmentVariable(SystemText(name).get(), SystemText(value).get());
+    });
+}
+
+std::uint32_t openByDesktop(const char16_t* target) {
+    return platform::shellOpen(target) ? kSuccess : kShellError;
+}
+
+template <class Ch>
 std::uint32_t shellOpen(const Ch* path) noexcept {
     return guardStatus([&]() -> std::uint32_t {
         platform::setLastError(0);
         if (!path || *path == 0) return kUndefinedFile;
-        return platform::shellOpen(SystemText(path).get()) ? kSuccess : kShellError;
+        return openByDesktop(SystemText(path).get());
+    });
+}
+
+std::u16string withScheme(std::u16string_view scheme, std::u16string_view address) {
+    std::u16string link(address.starts_with(scheme) ? u"" : scheme);
+    return link.append(address);
+}
+
+template <class Ch>
+std::uint32_t openUrl(const Ch* url) noexcept {
+    return guardStatus([&]() -> std::uint32_t {
+        platform::setLastError(0);
+        if (!url) return kUndefinedFile;
+        return openByDesktop(withScheme(u"http://", SystemText(url).get()).c_str());
+    });
+}
+
+template <class Ch>
+std::uint32_t mailTo(const Ch* address, const Ch* subject) noexcept {
+    return guardStatus([&]() -> std::uint32_t {
+        platform::setLastError(0);
+        if (!address || *address == 0) return kMissingArgument;
+        std::u16string link = withScheme(u"mailto:", SystemText(address).get());
+        if (subject && *subject != 0) link.append(u"?subject=").append(SystemText(subject).get());
+        return openByDesktop(link.c_str());
     });
 }
 
@@ -90,6 +128,14 @@ char* OsEnvironmentVariableNewCopyA(const char* name) noexcept {
     return newEnvironmentVariable(name);
 }
 
+bool OsSetEnvironmentVariable(const char16_t* name, const char16_t* value) noexcept {
+    return setEnvironmentVariable(name, value);
+}
+
+bool OsSetEnvironmentVariableA(const char* name, const char* value) noexcept {
+    return setEnvironmentVariable(name, value);
+}
+
 bool OsBeep(uint32_t duration, uint32_t frequency) noexcept {
     return platform::beep(duration, frequency);
 }
@@ -100,4 +146,20 @@ uint32_t OsShellOpen(const char16_t* path) noexcept {
 
 uint32_t OsShellOpenA(const char* path) noexcept {
     return shellOpen(path);
+}
+
+uint32_t OsOpenUrl(const char16_t* url) noexcept {
+    return openUrl(url);
+}
+
+uint32_t OsOpenUrlA(const char* url) noexcept {
+    return openUrl(url);
+}
+
+uint32_t OsMailTo(const char16_t* address, const char16_t* subject) noexcept {
+    return mailTo(address, subject);
+}
+
+uint32_t OsMailToA(const char* address, const char* subject) noexcept {
+    return mailTo(address, subject);
 }

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/console.h"
+
 namespace nuv64::platform {
 
 // The thread's last-error slot: the system's code of the last failed call, 0 after a success.
@@ -80,6 +82,8 @@ bool truncateFile(std::int64_t handle) noexcept;
 std::uint32_t fileAttributes(const char16_t* path);
 bool copyFile(const char16_t* source, const char16_t* target, bool failIfExists);
 bool deleteFile(const char16_t* path);
+bool createFolder(const char16_t* path);
+std::uint32_t diskDrives() noexcept;  // bit 0 for drive A and so on; 0 where drives have no letters
 
 // Paths. An empty result is a failure.
 #ifdef _WIN32
@@ -105,6 +109,8 @@ std::u16string executablePath();
 std::u16string commandLine();
 
 std::optional<std::u16string> environmentVariable(const char16_t* name);
+// A null value removes the variable.
+bool setEnvironmentVariable(const char16_t* name, const char16_t* value);
 
 // Clock.
 struct CalendarTime {
@@ -115,6 +121,11 @@ CalendarTime universalTime() noexcept;
 std::uint64_t performanceCount() noexcept;
 std::uint64_t performanceFrequency() noexcept;  // counts in a second
 std::uint64_t sessionMilliseconds() noexcept;   // since the system started
+std::uint64_t fileTimeNow() noexcept;           // 100 ns units since the start of 1601, UTC
+// The short date and the time of day in the form of the user's locale; empty for a moment that is
+// none.
+std::u16string dateText(const CalendarTime& time);
+std::u16string timeText(const CalendarTime& time);
 
 // Blocks of the system's own allocators, beside the C runtime's: the process heap, and the global
 // memory that clipboards take (fixed blocks). Both are the C runtime's heap where a system has
@@ -123,13 +134,6 @@ void* heapAllocate(std::uint64_t bytes) noexcept;
 void heapFree(void* block) noexcept;
 void* globalAllocate(std::uint64_t bytes) noexcept;
 void globalFree(void* block) noexcept;
-
-// Console.
-bool inputIsTerminal() noexcept;
-void writeStandardError(std::u16string_view text);
-// One line of standard input without its line end; false at the end of the input.
-bool readInputLine(std::u16string& line);
-bool beep(std::uint32_t milliseconds, std::uint32_t hertz) noexcept;
 
 // Boxes and dialogs of the system's user interface. Where hasUserInterface is false the others fail
 // at once.

@@ -26,6 +26,12 @@ NUV64_API char* OsStringNewCopyA(uint32_t kind) NUV64_NOEXCEPT;
 NUV64_API char16_t* OsEnvironmentVariableNewCopy(const char16_t* name) NUV64_NOEXCEPT;
 NUV64_API char* OsEnvironmentVariableNewCopyA(const char* name) NUV64_NOEXCEPT;
 
+/* Sets an environment variable of the process; a null value removes it. Other threads must not read
+ * the environment meanwhile. On Windows the C runtime's own copy doesn't follow. False for a null
+ * or empty name, for one that holds "=", and when the system refuses. */
+NUV64_API bool OsSetEnvironmentVariable(const char16_t* name, const char16_t* value) NUV64_NOEXCEPT;
+NUV64_API bool OsSetEnvironmentVariableA(const char* name, const char* value) NUV64_NOEXCEPT;
+
 /* Shows a message to the user and returns the answer.
  *
  * kind: 0 information, 1 error, 2 warning, each with one button; 3 yes or no, 4 OK or cancel,
@@ -55,6 +61,19 @@ NUV64_API bool OsBeep(uint32_t duration, uint32_t frequency) NUV64_NOEXCEPT;
  * for a null or empty path, 4 when there is nothing to open it with, 0x80001. */
 NUV64_API uint32_t OsShellOpen(const char16_t* path) NUV64_NOEXCEPT;
 NUV64_API uint32_t OsShellOpenA(const char* path) NUV64_NOEXCEPT;
+
+/* OsShellOpen of a web address, with "http://" in front unless it starts with exactly that: a text
+ * that starts with "https://" gets it too, as hosts have always had to give addresses without it.
+ * 63 for null, otherwise as OsShellOpen. */
+NUV64_API uint32_t OsOpenUrl(const char16_t* url) NUV64_NOEXCEPT;
+NUV64_API uint32_t OsOpenUrlA(const char* url) NUV64_NOEXCEPT;
+
+/* Opens a new mail with the user's mail program: OsShellOpen of "mailto:" (unless address starts
+ * with exactly that), address, and with a subject that is not null or empty "?subject=" and
+ * subject. Nothing is escaped: a subject has to have "%20" for blanks where the mail program wants
+ * that. Status 22 for a null or empty address, 0x80001, otherwise as OsShellOpen. */
+NUV64_API uint32_t OsMailTo(const char16_t* address, const char16_t* subject) NUV64_NOEXCEPT;
+NUV64_API uint32_t OsMailToA(const char* address, const char* subject) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS
 

@@ -1,4 +1,7 @@
+#include <locale.h>
 #include <time.h>
+
+#include <array>
 
 #include "platform/posix/native.h"
 
@@ -26,6 +29,54 @@ CalendarTime calendarTime(struct tm* (*convert)(const time_t*, struct tm*)) noex
             word(parts.tm_sec),          word(now.tv_nsec / 1'000'000)};
 }
 
+constexpr std::uint64_t kSecondsFrom1601To1970 = 11'644'473'600;
+
+// The user's locale as the environment tells it. The locale of the process, which belongs to the
+// host, is neither read nor changed.
+class UserLocale {
+  public:
+    UserLocale() noexcept : locale_(::newlocale(LC_ALL_MASK, "", nullptr)) {
+        if (!locale_) locale_ = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    }
+    UserLocale(const UserLocale&) = delete;
+    UserLocale& operator=(const UserLocale&) = delete;
+    ~UserLocale() {
+        if (locale_) ::freelocale(locale_);
+    }
+    locale_t get() const noexcept { return locale_; }
+
+  private:
+    locale_t locale_;
+};
+
+bool isDate(const CalendarTime& time) noexcept {
+    static constexpr std::array<int, 12> kDays = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (time.year < 1601 || time.year > 30827) return false;  // what a file time can tell
+    if (time.month < 1 || time.month > 12) return false;
+    const bool isLeapYear = time.year % 4 == 0 && (time.year % 100 != 0 || time.year % 400 == 0);
+    const int days = time.month == 2 && !isLeapYear ? 28 : kDays[time.month - 1u];
+    return time.day >= 1 && time.day <= days;
+}
+
+bool isTimeOfDay(const CalendarTime& time) noexcept {
+    return time.hour < 24 && time.minute < 60 && time.second < 60 && time.millisecond < 1000;
+}
+
+// The day of the week of a Gregorian date, 0 for Sunday (T. Sakamoto's rule).
+int dayOfWeek(const CalendarTime& time) noexcept {
+    static constexpr std::array<int, 12> kShift = {0, 3, 2, 5, 0, 3, 5, 1, 4, 6, 2, 4};
+    const int year = time.year - (time.month < 3 ? 1 : 0);
+    return (year + year / 4 - year / 100 + year / 400 + kShift[time.month - 1u] + time.day) % 7;
+}
+
+std::u16string localForm(const char* format, const struct tm& parts) {
+    const UserLocale locale;
+    char text[128];
+    if (!locale.get() || ::strftime_l(text, sizeof text, format, &parts, locale.get()) == 0)
+        return u"";
+    return wideFromUtf8(text);
+}
+
 }  // namespace
 
 CalendarTime localTime() noexcept {
@@ -46,6 +97,30 @@ std::uint64_t performanceFrequency() noexcept {
 
 std::uint64_t sessionMilliseconds() noexcept {
     return nanoseconds(CLOCK_BOOTTIME) / 1'000'000;
+}
+
+std::uint64_t fileTimeNow() noexcept {
+    return nanoseconds(CLOCK_REALTIME) / 100 + kSecondsFrom1601To1970 * 10'000'000;
+}
+
+std::u16string dateText(const CalendarTime& time) {
+    if (!isDate(time)) return noteError(EINVAL), u"";
+    struct tm parts {};
+    parts.tm_year = time.year - 1900;
+    parts.tm_mon = time.month - 1;
+    parts.tm_mday = time.day;
+    parts.tm_wday = dayOfWeek(time);
+    return localForm("%x", parts);
+}
+
+std::u16string timeText(const CalendarTime& time) {
+    if (!isTimeOfDay(time)) return noteError(EINVAL), u"";
+    struct tm parts {};
+    parts.tm_hour = time.hour;
+    parts.tm_min = time.minute;
+    parts.tm_sec = time.second;
+    parts.tm_mday = 1;
+    return localForm("%X", parts);
 }
 
 }  // namespace nuv64::platform

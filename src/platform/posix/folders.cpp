@@ -1,4 +1,5 @@
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -130,6 +131,23 @@ std::optional<std::u16string> environmentVariable(const char16_t* name) {
         return std::nullopt;
     }
     return wideFromUtf8(value);
+}
+
+bool setEnvironmentVariable(const char16_t* name, const char16_t* value) {
+    if (!name) return noteError(EINVAL);
+    const std::string key = utf8FromWide(name);
+    const int result =
+        value ? ::setenv(key.c_str(), utf8FromWide(value).c_str(), 1) : ::unsetenv(key.c_str());
+    return result == 0 || noteError();
+}
+
+bool createFolder(const char16_t* path) {
+    if (!path || !*path) return noteError(ENOENT);
+    return ::mkdir(nativePath(path).c_str(), 0777) == 0 || noteError();
+}
+
+std::uint32_t diskDrives() noexcept {
+    return 0;
 }
 
 }  // namespace nuv64::platform

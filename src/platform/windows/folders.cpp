@@ -51,4 +51,20 @@ std::optional<std::u16string> environmentVariable(const char16_t* name) {
     return value;
 }
 
+bool setEnvironmentVariable(const char16_t* name, const char16_t* value) {
+    if (!name || !*name) {
+        ::SetLastError(ERROR_INVALID_PARAMETER);
+        return false;
+    }
+    return ::SetEnvironmentVariableW(wide(name), wide(value)) != 0;
+}
+
+bool createFolder(const char16_t* path) {
+    return ::CreateDirectoryW(wide(path ? path : u""), nullptr) != 0;
+}
+
+std::uint32_t diskDrives() noexcept {
+    return ::GetLogicalDrives();
+}
+
 }  // namespace nuv64::platform

@@ -29,6 +29,15 @@ inline HANDLE asHandle(std::int64_t handle) noexcept {
     return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(handle));
 }
 
+inline std::int64_t asNumber(HANDLE handle) noexcept {
+    return static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(handle));
+}
+
+// 100 ns units.
+inline std::uint64_t asNumber(const FILETIME& time) noexcept {
+    return std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
+}
+
 // The text of a call that takes (buffer, capacity) and gives the length, or the capacity that it
 // needs when that is too small, or 0 for a failure.
 template <class Call>
