@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "arrays/array_samples.h"
+#include "arrays/sampled_curves.h"
 #include "nuv64/arrays/real_array.h"
 #include "nuv64/core/memory.h"
 
@@ -228,6 +229,24 @@ TEST(SavitskyGolay, ArgumentsAndSizesThatFail) {
     EXPECT_EQ(RArrSavitskyGolayEx(4, y, out, nullptr, 0.0, 0, 1, 17, 0, &centre), 0u);
     EXPECT_NEAR(out[0], 1.0, 1e-14);
     EXPECT_NEAR(out[3], 4.0, 1e-14);
+}
+
+TEST(SavitskyGolay, FiltersAsAnIndependentOne) {
+    constexpr uint32_t kGivenDerivative = 3;
+    for (const samples::PolynomialFilterCase& row : samples::kPolynomialFilters) {
+        const uint64_t n = row.input.size();
+        std::vector<double> out(n, 7.0);
+        uint64_t order = row.order;
+        uint64_t points = row.points;
+        ASSERT_EQ(RArrSavitskyGolay(n, row.input.data(), out.data(), 0.0, row.derivative, &order,
+                                    &points, nullptr, kGivenDerivative, 0.0),
+                  0u);
+        for (size_t i = 0; i < n; ++i) EXPECT_NEAR(out[i], row.repeatedEdges[i], 1e-12);
+        ASSERT_EQ(RArrSavitskyGolayEx(n, row.input.data(), out.data(), nullptr, 0.0, row.derivative,
+                                      order, points, kGivenDerivative, nullptr),
+                  0u);
+        for (size_t i = 0; i < n; ++i) EXPECT_NEAR(out[i], row.fittedEnds[i], 1e-10);
+    }
 }
 
 }  // namespace
