@@ -4,7 +4,7 @@
 
 #include "nuv64/arrays/apodization.h"
 #include "nuv64/arrays/array_conversion.h"
-#include "nuv64/arrays/array_evaluation.h"
+#include "nuv64/arrays/array_eval.h"
 #include "nuv64/arrays/array_powers.h"
 #include "nuv64/arrays/artifact_removal.h"
 #include "nuv64/arrays/auto_correlation.h"

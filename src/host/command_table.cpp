@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "host/application_commands.h"
+#include "host/console_commands.h"
 #include "host/data_commands.h"
 #include "host/load_commands.h"
 #include "host/parameter_commands.h"
@@ -14,8 +15,8 @@ namespace {
 
 using enum CommandNode;
 
-// In the order of the numbers. The commands of the configuration, of the calculators, of the
-// console and of the plots are known numbers that answer "Not yet implemented".
+// In the order of the numbers. The commands of the configuration, of the calculators and
+// of the plots are known numbers that answer "Not yet implemented".
 constexpr CommandEntry kCommands[] = {
     {CmdApplicationInfo, describeApplication, None},
     {CmdErrorText, errorText, None},
@@ -73,10 +74,10 @@ constexpr CommandEntry kCommands[] = {
     {CmdRestoreZonePrevious, restoreZonePrevious, None},
     {CmdRestoreZoneOldest, restoreZoneOldest, None},
     {145, notYetImplemented, None},
-    {1000, notYetImplemented, None},
-    {1001, notYetImplemented, None},
-    {1002, notYetImplemented, None},
-    {1003, notYetImplemented, None},
+    {CmdConsoleControl, controlConsole, None},
+    {CmdConsoleText, consoleText, None},
+    {CmdConsoleTextA, consoleTextA, None},
+    {CmdConsoleMenu, consoleMenu, None},
     {10001, notYetImplemented, None},
     {10002, notYetImplemented, None},
     {10004, notYetImplemented, None},

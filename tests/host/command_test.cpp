@@ -21,11 +21,11 @@ constexpr std::uint32_t kKnown[] = {
     10001, 10002, 10004, 10005, 10007, 10008, 10009, 10010, 10011, 10012, 10013, 10014,
     10015, 10016, 10017, 10018, 10019, 10020, 10021};
 
-// Those of the configuration, the calculators, the console and the plots, and the two reserved.
-constexpr std::uint32_t kNotYet[] = {107,   112,   116,   117,   120,   121,   123,   138,   139,
-                                     145,   1000,  1001,  1002,  1003,  10001, 10002, 10004, 10005,
-                                     10007, 10008, 10009, 10010, 10011, 10012, 10013, 10014, 10015,
-                                     10016, 10017, 10018, 10019, 10020, 10021};
+// Those of the configuration, the calculators and the plots, and the two reserved.
+constexpr std::uint32_t kNotYet[] = {107,   112,   116,   117,   120,   121,   123,   138,
+                                     139,   145,   10001, 10002, 10004, 10005, 10007, 10008,
+                                     10009, 10010, 10011, 10012, 10013, 10014, 10015, 10016,
+                                     10017, 10018, 10019, 10020, 10021};
 
 bool isKnown(std::uint32_t number) {
     return std::find(std::begin(kKnown), std::end(kKnown), number) != std::end(kKnown);

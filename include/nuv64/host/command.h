@@ -109,7 +109,13 @@ enum {
     CmdWriteTextFile = 142,       /* Input: TextFileRequest */
     CmdRestoreZonePrevious = 143, /* Input: zone, replaced by its state in the previous snapshot;
                                      does nothing when either is missing */
-    CmdRestoreZoneOldest = 144    /* the same with the oldest snapshot that still holds the zone */
+    CmdRestoreZoneOldest = 144,   /* the same with the oldest snapshot that still holds the zone */
+    CmdConsoleControl = 1000, /* Input: wide control text for ConScipio, whose result is dropped */
+    CmdConsoleText = 1001,    /* Input: wide text, printed on the console */
+    CmdConsoleTextA = 1002,   /* the same with 8-bit text */
+    CmdConsoleMenu = 1003 /* Input: the first ConMenuRow of a menu. ConMenu with the word of that
+                             row as flags and the block as context; Status is what it gives, 0.
+                             A null Input does nothing, here and in the three above */
 };
 
 /* Allocated by command 1, owned by the module, freed by command 2. The host reads and writes its
