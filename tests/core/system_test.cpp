@@ -10,12 +10,12 @@
 
 #include "core/console_host.h"
 #include "core/owned_result.h"
-#include "nuv64/core/clock.h"
 #include "nuv64/core/file.h"
 #include "nuv64/core/file_dialog.h"
 #include "nuv64/core/path.h"
 #include "platform/platform.h"
 #include "support/temp_folder.h"
+#include "support/variable.h"
 
 #ifndef _WIN32
 #include <sys/stat.h>
@@ -62,20 +62,6 @@ TEST(OsStringNewCopy, FoldersAreThere) {
 }
 
 #ifndef _WIN32
-// Sets an environment variable for the time of one test.
-class Variable {
-  public:
-    Variable(const char* name, const std::string& value) : name_(name) {
-        if (const char* old = std::getenv(name)) old_ = old;
-        ::setenv(name, value.c_str(), 1);
-    }
-    ~Variable() { old_ ? ::setenv(name_, old_->c_str(), 1) : ::unsetenv(name_); }
-
-  private:
-    const char* name_;
-    std::optional<std::string> old_;
-};
-
 TEST(OsStringNewCopy, TheDesktopFollowsTheUsersDirectories) {
     const TempFolder folder;
     const Variable home("HOME", folder.native("").string());
@@ -313,71 +299,105 @@ TEST(OsShellOpen, RefusesNoPath) {
 }
 
 #ifndef _WIN32
-TEST(OsShellOpen, HandsTheTextToTheOpenerAsOneArgument) {
+// An opener that notes the number of its arguments and the first of them.
+class NotingOpener {
+  public:
+    NotingOpener() : path_("PATH", folder_.native("").string()) {
+        folder_.write("xdg-open",
+                      "#!/bin/sh\nprintf '%s|%s' $# \"$1\" > \"${0%xdg-open}part\"\n"
+                      "/bin/mv \"${0%xdg-open}part\" \"${0%xdg-open}opened\"\n");
+        ::chmod(folder_.native("xdg-open").c_str(), 0700);
+    }
+    // What it noted when action had something opened.
+    template <class Action>
+    std::string noted(Action&& action) {
+        std::filesystem::remove(folder_.native("opened"));
+        EXPECT_EQ(action(), 0u);
+        for (int i = 0; i < 500 && !std::filesystem::exists(folder_.native("opened")); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return folder_.read("opened");
+    }
+
+  private:
+    const TempFolder folder_;
+    const Variable path_;
+};
+
+TEST(OsShellOpen, FailsWithoutAnOpener) {
     const TempFolder folder;
     const Variable path("PATH", folder.native("").string());
-    EXPECT_EQ(OsShellOpenA("x"), 4u) << "there is no opener";
-    folder.write("xdg-open",
-                 "#!/bin/sh\nprintf '%s|%s' $# \"$1\" > \"${0%xdg-open}part\"\n"
-                 "/bin/mv \"${0%xdg-open}part\" \"${0%xdg-open}opened\"\n");
-    ::chmod(folder.native("xdg-open").c_str(), 0700);
+    EXPECT_EQ(OsShellOpenA("x"), 4u);
+    EXPECT_EQ(OsOpenUrlA("x"), 4u);
+    EXPECT_EQ(OsMailTo(u"a@b", nullptr), 4u);
+}
+
+TEST(OsShellOpen, HandsTheTextToTheOpenerAsOneArgument) {
+    NotingOpener opener;
     const auto opened = [&](const char* target) {
-        std::filesystem::remove(folder.native("opened"));
-        EXPECT_EQ(OsShellOpenA(target), 0u);
-        for (int i = 0; i < 500 && !std::filesystem::exists(folder.native("opened")); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        return folder.read("opened");
+        return opener.noted([&] { return OsShellOpenA(target); });
     };
     EXPECT_EQ(opened("d\\a b;$(touch x)`y`"), "1|d/a b;$(touch x)`y`");
     EXPECT_EQ(opened("http://host/a\\b?c&d"), "1|http://host/a\\b?c&d");
     EXPECT_EQ(opened("mailto:a@b"), "1|mailto:a@b");
     EXPECT_EQ(opened("-option"), "1|./-option");
     EXPECT_EQ(opened("C:\\d"), "1|C:/d");
-    EXPECT_EQ(OsShellOpen(u"\u00E4"), 0u);
+    EXPECT_EQ(opener.noted([] { return OsShellOpen(u"\u00E4"); }), "1|\xC3\xA4");
+}
+
+TEST(OsOpenUrl, PutsHttpInFront) {
+    NotingOpener opener;
+    const auto opened = [&](const char* url) {
+        const std::string noted = opener.noted([&] { return OsOpenUrlA(url); });
+        const std::u16string wide = widened(url);
+        EXPECT_EQ(opener.noted([&] { return OsOpenUrl(wide.c_str()); }), noted);
+        return noted;
+    };
+    EXPECT_EQ(opened("host/path"), "1|http://host/path");
+    EXPECT_EQ(opened("http://host"), "1|http://host") << "nothing is added";
+    EXPECT_EQ(opened("https://host"), "1|http://https://host") << "in front all the same";
+    EXPECT_EQ(opened("HTTP://host"), "1|http://HTTP://host");
+    EXPECT_EQ(opened(""), "1|http://");
+}
+
+TEST(OsMailTo, PutsTheLinkTogether) {
+    NotingOpener opener;
+    const auto opened = [&](const char* address, const char* subject) {
+        const std::string noted = opener.noted([&] { return OsMailToA(address, subject); });
+        const std::u16string to = widened(address);
+        const std::u16string about = widened(subject ? subject : "");
+        EXPECT_EQ(opener.noted([&] { return OsMailTo(to.c_str(), about.c_str()); }), noted);
+        return noted;
+    };
+    EXPECT_EQ(opened("a@b", nullptr), "1|mailto:a@b");
+    EXPECT_EQ(opened("mailto:a@b", ""), "1|mailto:a@b");
+    EXPECT_EQ(opened("a@b", "The $(subject)"), "1|mailto:a@b?subject=The $(subject)");
 }
 #endif
 
-TEST(Clock, GivesAPlausibleTime) {
-    OsTime local{};
-    OsTime universal{};
-    tOsLocalTime(&local);
-    tOsUniversalTime(&universal);
-    tOsLocalTime(nullptr);
-    tOsUniversalTime(nullptr);
-    for (const OsTime& time : {local, universal}) {
-        EXPECT_GE(time.year, 2020);
-        EXPECT_TRUE(time.month >= 1 && time.month <= 12);
-        EXPECT_LE(time.dayOfWeek, 6);
-        EXPECT_TRUE(time.day >= 1 && time.day <= 31);
-        EXPECT_LE(time.hour, 23);
-        EXPECT_LE(time.minute, 59);
-        EXPECT_LE(time.second, 60);
-        EXPECT_LE(time.millisecond, 999);
-    }
+TEST(OsOpenUrl, RefusesNone) {
+    EXPECT_EQ(OsOpenUrl(nullptr), 63u);
+    EXPECT_EQ(OsOpenUrlA(nullptr), 63u);
 }
 
-TEST(Clock, AgreesWithTheStandardLibrary) {
-    OsTime time{};
-    tOsUniversalTime(&time);
-    using namespace std::chrono;
-    const auto now = floor<milliseconds>(system_clock::now());
-    const auto date = year{time.year} / month{time.month} / day{time.day};
-    EXPECT_EQ(weekday{sys_days{date}}.c_encoding(), time.dayOfWeek);
-    const auto stamp = sys_days{date} + hours{time.hour} + minutes{time.minute} +
-                       seconds{time.second} + milliseconds{time.millisecond};
-    EXPECT_LT(abs(now - stamp), seconds{5});
+TEST(OsMailTo, RefusesNoAddress) {
+    EXPECT_EQ(OsMailTo(nullptr, u"subject"), 22u);
+    EXPECT_EQ(OsMailTo(u"", nullptr), 22u);
+    EXPECT_EQ(OsMailToA(nullptr, "subject"), 22u);
+    EXPECT_EQ(OsMailToA("", nullptr), 22u);
 }
 
-TEST(Clock, CountersRunAtTheirRate) {
-    const std::uint64_t count = tOsPerformanceCount();
-    const std::uint64_t session = tOsSessionTimeInMs();
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    const double seconds = static_cast<double>(tOsPerformanceCount() - count) /
-                           static_cast<double>(tOsPerformanceClock());
-    EXPECT_GT(seconds, 0.05);
-    EXPECT_LT(seconds, 10.0);
-    EXPECT_GE(tOsSessionTimeInMs() - session, 40u);
-    EXPECT_LT(tOsSessionTimeInMs() - session, 10000u);
+TEST(OsSetEnvironmentVariable, SetsAndRemoves) {
+    EXPECT_TRUE(OsSetEnvironmentVariable(u"NUV64_TEST_SET", u"v\u00E4lue"));
+    EXPECT_EQ(taken(OsEnvironmentVariableNewCopyA("NUV64_TEST_SET")), "v\xC3\xA4lue");
+    EXPECT_TRUE(OsSetEnvironmentVariableA("NUV64_TEST_SET", "other"));
+    EXPECT_EQ(taken(OsEnvironmentVariableNewCopy(u"NUV64_TEST_SET")), u"other");
+    EXPECT_TRUE(OsSetEnvironmentVariable(u"NUV64_TEST_SET", nullptr));
+    EXPECT_EQ(OsEnvironmentVariableNewCopyA("NUV64_TEST_SET"), nullptr);
+    EXPECT_FALSE(OsSetEnvironmentVariable(nullptr, u"x"));
+    EXPECT_FALSE(OsSetEnvironmentVariable(u"", u"x"));
+    EXPECT_FALSE(OsSetEnvironmentVariableA(nullptr, nullptr));
+    EXPECT_FALSE(OsSetEnvironmentVariableA("", "x"));
+    EXPECT_FALSE(OsSetEnvironmentVariableA("NUV64=TEST", "x"));
 }
 
 }  // namespace
