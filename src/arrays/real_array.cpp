@@ -1,61 +1,44 @@
 #include "nuv64/arrays/real_array.h"
 
-#include <cstdlib>
+#include <cstdarg>
 
-#include "core/guard.h"
-#include "core/owned.h"
+#include "arrays/array_basics.h"
 
 using namespace nuv64;
 
-namespace {
-
-// The shape of all makers: allocate says how.
-template <class Allocate>
-double* makeArray(uint32_t* err, uint64_t n, Allocate&& allocate) noexcept {
-    if (err) *err = kSuccess;
-    if (n == 0) return nullptr;
-    Owned<double> block = allocate(n);
-    if (!block && err) *err = kAllocationFailure;
-    return block.release();
-}
-
-// calloc: large blocks come from the system as zeros already.
-Owned<double> tryAllocateZeros(uint64_t n) noexcept {
-    if (n > SIZE_MAX / 2 / sizeof(double)) return {};
-    return Owned<double>(static_cast<double*>(std::calloc(n, sizeof(double))));
-}
-
-}  // namespace
-
 double* RArrNew(uint32_t* err, uint64_t n) noexcept {
-    return makeArray(err, n, [](uint64_t count) { return tryAllocate<double>(count); });
+    return newArray<double>(err, n);
 }
 
 double* RArrNew0(uint32_t* err, uint64_t n) noexcept {
-    return makeArray(err, n, [](uint64_t count) { return tryAllocateZeros(count); });
+    return newZeroArray<double>(err, n);
 }
 
 double* RArrNewCopy(uint32_t* err, uint64_t n, const double* source) noexcept {
-    double* const copy = RArrNew(err, source ? n : 0);
-    if (copy) std::memcpy(copy, source, n * sizeof(double));
-    return copy;
+    return newArrayCopy(err, n, source);
 }
 
 uint32_t RArrCopy(uint64_t n, const double* source, double* destination) noexcept {
-    if (n == 0) return kSuccess;
-    if (!destination) return 18;
-    if (!source) return 14;
-    for (uint64_t i = 0; i < n; ++i) destination[i] = source[i];
-    return kSuccess;
+    return copyArray(n, source, destination);
 }
 
 uint32_t RArrFill(uint64_t n, double* array, double value) noexcept {
-    if (n == 0) return kSuccess;
-    if (!array) return 18;
-    for (uint64_t i = 0; i < n; ++i) array[i] = value;
-    return kSuccess;
+    return fillArray(n, array, value);
 }
 
 uint32_t RArrZero(uint64_t n, double* array) noexcept {
     return RArrFill(n, array, 0.0);
+}
+
+uint32_t RArrSkipFill(uint64_t n, double* array, uint64_t start, uint64_t stride, ...) noexcept {
+    if (!array || n == 0) return 14;
+    std::va_list arguments;
+    va_start(arguments, stride);
+    const double value = va_arg(arguments, double);
+    va_end(arguments);
+    for (uint64_t i = start; i < n; i += stride) {
+        array[i] = value;
+        if (stride == 0 || stride >= n - i) break;
+    }
+    return kSuccess;
 }

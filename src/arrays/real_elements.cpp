@@ -1,19 +1,13 @@
 #include "nuv64/arrays/real_elements.h"
 
+#include "arrays/element_loops.h"
 #include "core/guard.h"
 #include "nuv64/core/special_reals.h"
+#include "nuv64/numeric/random.h"
 
 using namespace nuv64;
 
 namespace {
-
-template <class Operation>
-uint32_t mapElements(uint64_t n, const double* in, double* out, Operation operation) noexcept {
-    if (!in) return 14;
-    if (!out) return 18;
-    for (uint64_t i = 0; i < n; ++i) out[i] = operation(in[i]);
-    return kSuccess;
-}
 
 template <class Operation>
 uint32_t mapPairs(uint64_t n, const double* a, const double* b, double* out,
@@ -67,6 +61,46 @@ uint32_t RArrMulConst(uint64_t n, const double* in, double* out, double c) noexc
 
 uint32_t RArrIpMulConst(uint64_t n, double* array, double c) noexcept {
     return RArrMulConst(n, array, array, c);
+}
+
+uint32_t RArrAddNoise(uint64_t n, const double* in, double* out, double sigma) noexcept {
+    return mapElements(n, in, out, [sigma](double x) { return x + (0.0 + sigma * pRgNormal0()); });
+}
+
+uint32_t RArrIpAddNoise(uint64_t n, double* array, double sigma) noexcept {
+    return RArrAddNoise(n, array, array, sigma);
+}
+
+uint32_t RArrClip(uint64_t mode, uint64_t n, const double* in, double* out, double level) noexcept {
+    if (n == 0) return kSuccess;
+    if (!in) return 14;
+    if (!out) return 18;
+    const double high = level;
+    const double low = -level;
+    switch (mode) {
+        case 0:
+            return mapElements(n, in, out, [high](double x) { return x > high ? high : x; });
+        case 1:
+            return mapElements(n, in, out, [high](double x) { return x > high ? 0.0 : x - high; });
+        case 2:
+            return mapElements(n, in, out, [high](double x) { return high > x ? high : x; });
+        case 3:
+            return mapElements(n, in, out, [high](double x) { return high > x ? 0.0 : x - high; });
+        case 4:
+            return mapElements(n, in, out, [low, high](double x) {
+                return low > x ? low : x > high ? high : x;
+            });
+        case 5:
+            return mapElements(n, in, out, [low, high](double x) {
+                return x >= 0.0 ? (x > high ? x - high : 0.0) : (low > x ? x + high : 0.0);
+            });
+        default:
+            return kSuccess;
+    }
+}
+
+uint32_t RArrIpClip(uint64_t mode, uint64_t n, double* array, double level) noexcept {
+    return RArrClip(mode, n, array, array, level);
 }
 
 uint32_t RArrAdd(uint64_t n, const double* a, const double* b, double* out) noexcept {

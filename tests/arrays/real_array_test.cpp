@@ -6,6 +6,8 @@
 #include <functional>
 
 #include "arrays/array_samples.h"
+#include "nuv64/arrays/real_array_means.h"
+#include "nuv64/arrays/real_norms.h"
 #include "nuv64/core/memory.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/real_special.h"
@@ -104,6 +106,28 @@ TEST(RealArray, CopyAndFillTestTheirArgumentsInOrder) {
     EXPECT_EQ(RArrZero(1, nullptr), 18u);
     EXPECT_EQ(RArrZero(1, &one), 0u);
     EXPECT_EQ(one, 0.0);
+}
+
+TEST(RealArray, SkipFillSetsEveryOtherElement) {
+    for (uint64_t n : samples::lengths()) {
+        for (uint64_t stride : {uint64_t{1}, uint64_t{2}, uint64_t{7}, UINT64_MAX}) {
+            for (uint64_t start : {uint64_t{0}, uint64_t{3}, n - 1, n, UINT64_MAX}) {
+                std::vector<double> array(n + 1, 7.0), expected(array);
+                if (start < n) {
+                    for (uint64_t i = 0; i < n; ++i) {
+                        if (i >= start && (i - start) % stride == 0) expected[i] = -2.5;
+                    }
+                }
+                EXPECT_EQ(RArrSkipFill(n, array.data(), start, stride, -2.5), 0u);
+                EXPECT_EQ(array, expected) << n << ' ' << start << ' ' << stride;
+            }
+        }
+    }
+    double one[] = {1.0, 1.0, 1.0};
+    EXPECT_EQ(RArrSkipFill(3, one, 1, 0, 5.0), 0u);
+    EXPECT_THAT(one, ElementsAre(1.0, 5.0, 1.0));
+    EXPECT_EQ(RArrSkipFill(0, one, 0, 1, 5.0), 14u);
+    EXPECT_EQ(RArrSkipFill(3, nullptr, 0, 1, 5.0), 14u);
 }
 
 // --- element-wise operations

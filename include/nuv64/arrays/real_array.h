@@ -45,6 +45,12 @@ NUV64_API uint32_t RArrFill(uint64_t n, double* array, double value) NUV64_NOEXC
 /* Sets every element to 0.0. Status as RArrFill. */
 NUV64_API uint32_t RArrZero(uint64_t n, double* array) NUV64_NOEXCEPT;
 
+/* Sets the elements start, start + stride, ... below n to the one double behind the named arguments
+ * (an integer there is a fault of the caller). A stride of 0 sets the element at start alone; a
+ * start at or above n sets nothing. Status: 14 for a null array or n = 0; 0. */
+NUV64_API uint32_t RArrSkipFill(uint64_t n, double* array, uint64_t start, uint64_t stride,
+                                ...) NUV64_NOEXCEPT;
+
 NUV64_END_DECLS
 
 #endif

@@ -30,6 +30,29 @@ NUV64_API uint32_t RArrIpAddConst(uint64_t n, double* array, double c) NUV64_NOE
 NUV64_API uint32_t RArrMulConst(uint64_t n, const double* in, double* out, double c) NUV64_NOEXCEPT;
 NUV64_API uint32_t RArrIpMulConst(uint64_t n, double* array, double c) NUV64_NOEXCEPT;
 
+/* x plus a random number from the normal distribution about 0 with standard deviation sigma: x +
+ * (0 + sigma*pRgNormal0()), one number drawn for each element whatever sigma is. The generator is
+ * shared by the process: see random.h. */
+NUV64_API uint32_t RArrAddNoise(uint64_t n, const double* in, double* out,
+                                double sigma) NUV64_NOEXCEPT;
+NUV64_API uint32_t RArrIpAddNoise(uint64_t n, double* array, double sigma) NUV64_NOEXCEPT;
+
+/* Clips at a level L, or takes what the level leaves over:
+ *
+ *   mode 0   L where x > L, else x              1   0 where x > L, else x - L
+ *        2   L where L > x, else x              3   0 where L > x, else x - L
+ *        4   -L where -L > x, else L where x > L, else x
+ *        5   for x >= 0: x - L where x > L, else 0; else: x + L where -L > x, else 0
+ *
+ * Modes 1 and 3 drop what their names in 0 and 2 would clip, and shift the rest by the level; mode
+ * 5 is the soft threshold. Any other mode writes nothing and is no error. A not-a-number stays one,
+ * but in mode 5, where it gives 0.
+ * Status: 0 for n = 0 whatever the pointers; 14 null in; 18 null out; 0. */
+NUV64_API uint32_t RArrClip(uint64_t mode, uint64_t n, const double* in, double* out,
+                            double level) NUV64_NOEXCEPT;
+NUV64_API uint32_t RArrIpClip(uint64_t mode, uint64_t n, double* array,
+                              double level) NUV64_NOEXCEPT;
+
 /* out = a + b, a - b, a * b.
  * Status: 0 for n = 0 whatever the pointers; 14 null a or b; 18 null out; 0. */
 NUV64_API uint32_t RArrAdd(uint64_t n, const double* a, const double* b,
