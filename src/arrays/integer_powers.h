@@ -13,23 +13,22 @@ inline void integerPowers(uint64_t n, const double* in, double* out, int64_t k) 
     constexpr uint64_t kBlock = 64;
     double squares[kBlock];
     double powers[kBlock];
+    const uint64_t exponent = k < 0 ? -static_cast<uint64_t>(k) : static_cast<uint64_t>(k);
     for (uint64_t start = 0; start < n; start += kBlock) {
         const uint64_t length = n - start < kBlock ? n - start : kBlock;
-        for (uint64_t i = 0; i < length; ++i) {
-            squares[i] = in[start + i];
-            powers[i] = 1.0;
-        }
-        for (uint64_t left = k < 0 ? -static_cast<uint64_t>(k) : static_cast<uint64_t>(k); left;) {
-            if (left & 1) {
-                for (uint64_t i = 0; i < length; ++i) powers[i] *= squares[i];
-            }
-            left >>= 1;
-            if (!left) break;
+        for (uint64_t i = 0; i < length; ++i) squares[i] = in[start + i];
+        for (uint64_t i = 0; i < length; ++i) powers[i] = exponent & 1 ? squares[i] : 1.0;
+        for (uint64_t left = exponent >> 1; left != 0; left >>= 1) {
             for (uint64_t i = 0; i < length; ++i) squares[i] *= squares[i];
+            if (!(left & 1)) continue;
+            for (uint64_t i = 0; i < length; ++i) powers[i] *= squares[i];
         }
-        for (uint64_t i = 0; i < length; ++i) {
-            const double power = powers[i];
-            out[start + i] = k >= 0 ? power : in[start + i] == 0.0 ? ___NAN : 1.0 / power;
+        if (k >= 0) {
+            for (uint64_t i = 0; i < length; ++i) out[start + i] = powers[i];
+        } else {
+            for (uint64_t i = 0; i < length; ++i) {
+                out[start + i] = in[start + i] == 0.0 ? ___NAN : 1.0 / powers[i];
+            }
         }
     }
 }

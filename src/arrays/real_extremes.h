@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 namespace nuv64 {
 
@@ -27,28 +28,51 @@ struct Below {
     bool operator()(double x, double best) const noexcept { return x < best; }
 };
 
-// The best value of a block, kept in independent lanes, which makes maximum instructions of it. A
-// not-a-number beats nothing.
+// Two elements side by side. With x > best ? x : best, whole pairs become maximum instructions,
+// which single elements in lanes don't.
+using Pair = double __attribute__((vector_size(16)));
+
+inline Pair loadPair(const double* from) noexcept {
+    Pair pair;
+    std::memcpy(&pair, from, sizeof pair);
+    return pair;
+}
+
+inline Pair measurePair(Pair x, AsIs) noexcept {
+    return x;
+}
+
+inline Pair measurePair(Pair x, Magnitude) noexcept {
+    return x > -x ? x : -x;  // of zeros either one
+}
+
+inline Pair betterPair(Pair x, Pair best, Above) noexcept {
+    return x > best ? x : best;
+}
+
+inline Pair betterPair(Pair x, Pair best, Below) noexcept {
+    return x < best ? x : best;
+}
+
+// The best value of a block, with independent pairs; a not-a-number beats nothing.
 template <class Measure, class Beats>
 double bestOfBlock(const double* block, uint64_t n, double start) noexcept {
-    constexpr uint64_t kLanes = 8;
-    double best[kLanes];
-    for (double& lane : best) lane = start;
+    Pair best[4] = {{start, start}, {start, start}, {start, start}, {start, start}};
     uint64_t i = 0;
-    for (; i + kLanes <= n; i += kLanes) {
-        for (uint64_t lane = 0; lane < kLanes; ++lane) {
-            const double x = Measure{}(block[i + lane]);
-            best[lane] = Beats{}(x, best[lane]) ? x : best[lane];
+    for (; i + 8 <= n; i += 8) {
+        for (int k = 0; k < 4; ++k) {
+            const Pair x = measurePair(loadPair(block + i + 2 * k), Measure{});
+            best[k] = betterPair(x, best[k], Beats{});
         }
     }
+    const Pair all = betterPair(betterPair(best[0], best[1], Beats{}),
+                                betterPair(best[2], best[3], Beats{}), Beats{});
+    double result = Beats{}(all[0], all[1]) ? all[0] : all[1];
     for (; i < n; ++i) {
         const double x = Measure{}(block[i]);
-        best[0] = Beats{}(x, best[0]) ? x : best[0];
+        result = Beats{}(x, result) ? x : result;
     }
-    for (uint64_t lane = 1; lane < kLanes; ++lane) {
-        best[0] = Beats{}(best[lane], best[0]) ? best[lane] : best[0];
-    }
-    return best[0];
+    return result;
 }
 
 // The search for the first element whose measure is the best, by a strict comparison: a later one

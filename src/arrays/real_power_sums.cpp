@@ -28,7 +28,7 @@ struct Signed {
     static double withSign(double x, double power) noexcept { return x < 0.0 ? -power : power; }
 };
 
-// The sum, upward, of the powers of x/divisor.
+// The sum, upward, of the powers of x/divisor; a division by 1 is exact, and slow.
 template <class Form>
 double integerPowerSum(uint64_t n, const double* array, int64_t k, double divisor) noexcept {
     constexpr uint64_t kBlock = 64;
@@ -37,7 +37,10 @@ double integerPowerSum(uint64_t n, const double* array, int64_t k, double diviso
     double sum = 0.0;
     for (uint64_t start = 0; start < n; start += kBlock) {
         const uint64_t length = std::min(n - start, kBlock);
-        for (uint64_t i = 0; i < length; ++i) quotients[i] = array[start + i] / divisor;
+        for (uint64_t i = 0; i < length; ++i) quotients[i] = array[start + i];
+        if (divisor != 1.0) {
+            for (uint64_t i = 0; i < length; ++i) quotients[i] /= divisor;
+        }
         for (uint64_t i = 0; i < length; ++i) powers[i] = Form::base(quotients[i]);
         integerPowers(length, powers, powers, k);
         for (uint64_t i = 0; i < length; ++i) sum += Form::withSign(quotients[i], powers[i]);
