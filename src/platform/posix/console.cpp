@@ -1,5 +1,6 @@
-// The streams of the console, through those of the C runtime, which the host program may be using
-// too.
+// The streams of the console. A redirected input is read through the stream of the C runtime, which
+// the host program may be reading too; a terminal byte by byte, as keys and lines take turns there
+// and neither may run ahead of the other.
 #include "platform/console.h"
 
 #include <fcntl.h>
@@ -35,9 +36,15 @@ int nextStreamByte() noexcept {
     }
 }
 
+int nextTerminalByte() noexcept {
+    unsigned char byte = 0;
+    return retried([&] { return ::read(STDIN_FILENO, &byte, 1); }) == 1 ? byte : EOF;
+}
+
 int nextByte() noexcept {
     const int early = takeTypedAhead();
-    return early != EOF ? early : nextStreamByte();
+    if (early != EOF) return early;
+    return inputIsTerminal() ? nextTerminalByte() : nextStreamByte();
 }
 
 // A byte that is there already, or EOF.
