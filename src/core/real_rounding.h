@@ -31,7 +31,7 @@ inline constexpr double kLastRealWithUnits = 4503599627370495.5;  // 2^52 - 1/2
 
 // Halves away from zero; not-a-number and infinities unchanged, the sign of zero kept.
 inline double roundHalfAway(double x) noexcept {
-    if (!(std::fabs(x) < kLastRealWithUnits)) return x;
+    if (!(std::fabs(x) <= kLastRealWithUnits)) return x;
     double whole = static_cast<double>(static_cast<std::int64_t>(x));
     if (std::fabs(x - whole) >= 0.5) whole += std::copysign(1.0, x);
     return std::copysign(whole, x);

@@ -7,6 +7,8 @@
 namespace {
 
 constexpr uint64_t kRecurrenceLimit = 64;
+// That of U inside [-1, 1]: near the ends its recurrence gathers errors with the cube of n.
+constexpr uint64_t kRecurrenceLimitInside = 8;
 
 // The polynomial of degree n that begins with 1 and first, by P_(k+1) = 2 x P_k - P_(k-1).
 double byRecurrence(double x, double first, uint64_t n) {
@@ -18,6 +20,12 @@ double byRecurrence(double x, double first, uint64_t n) {
         value = next;
     }
     return value;
+}
+
+// arcosh(magnitude), good near 1 too, where the plain logarithm of the Windows runtime isn't.
+// sinh: that of the result.
+double hyperbolicAngle(double magnitude, double sinh) {
+    return std::log1p(magnitude - 1.0 + sinh);
 }
 
 }  // namespace
@@ -34,16 +42,17 @@ double rChebyshevT(double x, uint64_t n) noexcept {
 
 double rChebyshevU(double x, uint64_t n) noexcept {
     if (n == 0) return 1.0;
-    if (n <= kRecurrenceLimit) return byRecurrence(x, 2.0 * x, n);
-    const double multiple = static_cast<double>(n) + 1.0;
     const double magnitude = std::fabs(x);
+    const uint64_t limit = magnitude < 1.0 ? kRecurrenceLimitInside : kRecurrenceLimit;
+    if (n <= limit) return byRecurrence(x, 2.0 * x, n);
+    const double multiple = static_cast<double>(n) + 1.0;
     double value = multiple;
     if (magnitude < 1.0) {
         const double sine = std::sqrt(1.0 + magnitude) * std::sqrt(1.0 - magnitude);
         value = std::sin(multiple * std::acos(magnitude)) / sine;
     } else if (magnitude != 1.0) {
-        const double sine = std::sqrt(magnitude + 1.0) * std::sqrt(magnitude - 1.0);
-        value = std::sinh(multiple * std::acosh(magnitude)) / sine;
+        const double sinh = std::sqrt(magnitude + 1.0) * std::sqrt(magnitude - 1.0);
+        value = std::sinh(multiple * hyperbolicAngle(magnitude, sinh)) / sinh;
     }
     return x < 0.0 && n % 2 != 0 ? -value : value;
 }

@@ -4,13 +4,14 @@
 
 #include <bit>
 #include <cmath>
-#include <limits>
 #include <random>
+
+#include "support/accuracy.h"
+
+using namespace nuv64_test;
 
 namespace {
 
-constexpr double kInf = std::numeric_limits<double>::infinity();
-const double kQuiet = std::numeric_limits<double>::quiet_NaN();
 constexpr double kUnitLimit = 4503599627370495.5;
 constexpr std::int64_t kInvalid = INT64_MIN;
 
@@ -38,6 +39,53 @@ TEST(Rounding, ModfSplits) {
     EXPECT_EQ(rModf(kInf, &whole), 0.0);
     EXPECT_EQ(whole, kInf);
     EXPECT_TRUE(std::isnan(rModf(kQuiet, &whole)));
+}
+
+TEST(Rounding, RemainderTowardsZero) {
+    const PairAnswer table[] = {
+        {"rFmod", rFmod, 7.5, 2.0, 1.5},
+        {"rFmod", rFmod, -7.5, 2.0, -1.5},
+        {"rFmod", rFmod, 7.5, -2.0, 1.5},
+        {"rFmod", rFmod, 2.0, 2.0, 0.0},
+        {"rFmod", rFmod, 1e300, 7.0, 1.0},
+        {"rFmod", rFmod, 0x1.fffffffffffffp1023, 0x1p-1074, 0.0},
+        {"rFmod", rFmod, 0x1.8p-1073, 0x1p-1073, 0x1p-1074},
+        {"rFmod", rFmod, 5.0, kInf, 5.0},
+        {"rFmod", rFmod, -0.0, 3.0, 0.0},
+        {"rFmod", rFmod, 5.0, 0.0, kAnyNan},
+        {"rFmod", rFmod, kInf, 3.0, kAnyNan},
+        {"rFmod", rFmod, kQuiet, 3.0, kAnyNan},
+        {"rFmod", rFmod, 3.0, kQuiet, kAnyNan},
+    };
+    expectAnswers(table);
+    // Exact: the quotient is a whole number wherever it can be seen.
+    std::mt19937_64 random(12);
+    for (int i = 0; i < 1000; ++i) {
+        const double x = std::uniform_real_distribution<>(-1e6, 1e6)(random);
+        const double y = std::uniform_real_distribution<>(0.5, 1e3)(random);
+        const double rest = rFmod(x, y);
+        EXPECT_LT(std::fabs(rest), y);
+        EXPECT_NEAR((x - rest) / y, rTrunc(x / y), 1e-9);
+    }
+}
+
+TEST(Rounding, SpecialArguments) {
+    const double most = 0x1.fffffffffffffp1023;
+    const SpecialAnswers table[] = {
+        {"rFloor", rFloor, {kAnyNan, kInf, -kInf, 0, 0, 0, -1, most, -most}},
+        {"rCeil", rCeil, {kAnyNan, kInf, -kInf, 0, 0, 1, 0, most, -most}},
+        {"rRound", rRound, {kAnyNan, kInf, -kInf, 0, 0, 0, 0, most, -most}},
+        {"rTrunc", rTrunc, {kAnyNan, kInf, -kInf, 0, 0, 0, 0, most, -most}},
+    };
+    expectSpecialAnswers(table);
+    for (double (*round)(double) : {rFloor, rCeil, rRound, rTrunc}) {
+        EXPECT_TRUE(std::signbit(round(-0.0)));
+        EXPECT_FALSE(std::signbit(round(0.0)));
+        for (const double x : {0x1p51 + 0.5, 0x1p52 - 0.5, 0x1p52 + 1.0, -0x1p52 + 0.5}) {
+            EXPECT_EQ(std::trunc(round(x)), round(x)) << x;
+            EXPECT_LE(std::fabs(round(x) - x), 0.5) << x;
+        }
+    }
 }
 
 template <class Integer>

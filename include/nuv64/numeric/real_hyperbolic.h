@@ -46,9 +46,10 @@ NUV64_API double rCoshSinhFromTanh(double t, double* other) NUV64_NOEXCEPT;
 NUV64_API double rCoshNRatio(double x, double n) NUV64_NOEXCEPT;
 NUV64_API double rSinhNRatio(double x, double n) NUV64_NOEXCEPT;
 
-/* cosh(x) and sinh(x) by their power series x^k/k!, summed by rSeriesTermFunc with at most 10000
- * terms; ___NAN where it doesn't converge, which is an overflow. Within a few ulps. (Abramowitz and
- * Stegun 4.5.62, 4.5.63.) */
+/* cosh(x) and sinh(x) by their power series in x^k/k!, summed by rSeriesTermFunc with at most 10000
+ * terms beyond the first. An overflow gives an infinity; ___NAN where the sum doesn't end, which
+ * is for a not-a-number. The error is about 1 + |x|/4 ulps. (Abramowitz and Stegun 4.5.62,
+ * 4.5.63.) */
 NUV64_API double rCoshSeries(double x) NUV64_NOEXCEPT;
 NUV64_API double rSinhSeries(double x) NUV64_NOEXCEPT;
 

@@ -28,6 +28,17 @@ NUV64_API double rLogA(double x) NUV64_NOEXCEPT;
 /* The derivative of ln, 1/x: rSafeInv(x), so an infinity at 0. */
 NUV64_API double rLogD(double x) NUV64_NOEXCEPT;
 
+/* The n-th derivative of ln for n above 0, the -n-fold antiderivative for n below 0, ln for n = 0.
+ *
+ * Derivatives, (-1)^(n-1) (n-1)!/x^n: 1/x and -1/x^2 by safe division, also of negative x; higher
+ * ones as e^(ln Gamma(n) - n ln x), whose error is about |n ln x| + ln Gamma(n) ulps, ___NAN for x
+ * up to ___MinReal and on overflow.
+ *
+ * Antiderivatives with m = -n, (ln x - H(m)) x^m/m! with the harmonic number H: 0 at x = 0, ___NAN
+ * below. x^m/m! is a running product up to m = 170, with an error of about m ulps, and above
+ * e^(m ln x - ln m!); the difference cancels around its zero at x = e^H(m). */
+NUV64_API double rLogAD(double x, int64_t n) NUV64_NOEXCEPT;
+
 /* The logarithm of x to a base: the quotient of their rLog2. Where the base has no logarithm, or x,
  * ___NAN. Base 1 divides by zero: an infinity, or a not-a-number for x = 1. */
 NUV64_API double rLogInBase(double x, double base) NUV64_NOEXCEPT;

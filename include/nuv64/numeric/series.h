@@ -18,7 +18,8 @@ NUV64_API bool rConvergenceTest3(double value, double* a, double* b, double* c,
  *
  * The sum ends when more than minimum terms (3 at least) are in it and it has stayed within
  * ___5EpsReal over three terms. Result: 0; 26 without a term function; 39 when it didn't end within
- * maximum terms beyond the first. */
+ * maximum terms beyond the first, as a sum that is not a number never does; an infinite sum
+ * stays. */
 NUV64_API uint32_t rSeriesTermFunc(double x, double* sum,
                                    double (*term)(double x, uint64_t k, void* context),
                                    void* context, uint64_t maximum,
