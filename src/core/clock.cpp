@@ -1,6 +1,7 @@
 #include "nuv64/core/clock.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -34,6 +35,19 @@ CalendarTime calendarTime(const OsTime* record) noexcept {
             record->hour, record->minute, record->second,    record->millisecond};
 }
 
+bool isDate(const CalendarTime& time) noexcept {
+    static constexpr std::array<int, 12> kDays = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (time.year < 1601 || time.year > 30827) return false;  // what a file time can tell
+    if (time.month < 1 || time.month > 12) return false;
+    const bool isLeapYear = time.year % 4 == 0 && (time.year % 100 != 0 || time.year % 400 == 0);
+    const int days = time.month == 2 && !isLeapYear ? 28 : kDays[time.month - 1u];
+    return time.day >= 1 && time.day <= days;
+}
+
+bool isTimeOfDay(const CalendarTime& time) noexcept {
+    return time.hour < 24 && time.minute < 60 && time.second < 60 && time.millisecond < 1000;
+}
+
 std::string inWidthOf(const char*, const std::u16string& text) {
     return platform::utf8FromWide(text);
 }
@@ -42,17 +56,28 @@ const std::u16string& inWidthOf(const char16_t*, const std::u16string& text) noe
     return text;
 }
 
-// The local form of a moment: platform::dateText or platform::timeText.
-using LocalForm = std::u16string (*)(const CalendarTime& time);
+// A part of a moment: whether it is one, and its local form.
+struct MomentPart {
+    bool (*isValid)(const CalendarTime& time) noexcept;
+    std::u16string (*localForm)(const CalendarTime& time);
+};
+
+constexpr MomentPart kDate{&isDate, &platform::dateText};
+constexpr MomentPart kTimeOfDay{&isTimeOfDay, &platform::timeText};
 
 template <class Ch>
-uint64_t formatMoment(LocalForm form, const OsTime* record, Ch* buffer,
+uint64_t formatMoment(const MomentPart& part, const OsTime* record, Ch* buffer,
                       uint64_t capacity) noexcept {
     if (!buffer || capacity == 0) return 0;
     buffer[0] = 0;
     return guardValue(uint64_t{0}, [&]() -> uint64_t {
         platform::setLastError(0);
-        const std::basic_string<Ch> text = inWidthOf(buffer, form(calendarTime(record)));
+        const CalendarTime time = calendarTime(record);
+        if (!part.isValid(time)) {
+            platform::setLastError(platform::kErrorInvalidArgument);
+            return 0;
+        }
+        const std::basic_string<Ch> text = inWidthOf(buffer, part.localForm(time));
         if (text.size() >= capacity) return 0;
         std::copy_n(text.c_str(), text.size() + 1, buffer);
         return text.size();
@@ -104,19 +129,19 @@ uint64_t tOsSessionTimeInMs() noexcept {
 }
 
 uint64_t tOsDateFormat(const OsTime* record, char16_t* buffer, uint64_t capacity) noexcept {
-    return formatMoment(&platform::dateText, record, buffer, capacity);
+    return formatMoment(kDate, record, buffer, capacity);
 }
 
 uint64_t tOsDateFormatA(const OsTime* record, char* buffer, uint64_t capacity) noexcept {
-    return formatMoment(&platform::dateText, record, buffer, capacity);
+    return formatMoment(kDate, record, buffer, capacity);
 }
 
 uint64_t tOsTimeFormat(const OsTime* record, char16_t* buffer, uint64_t capacity) noexcept {
-    return formatMoment(&platform::timeText, record, buffer, capacity);
+    return formatMoment(kTimeOfDay, record, buffer, capacity);
 }
 
 uint64_t tOsTimeFormatA(const OsTime* record, char* buffer, uint64_t capacity) noexcept {
-    return formatMoment(&platform::timeText, record, buffer, capacity);
+    return formatMoment(kTimeOfDay, record, buffer, capacity);
 }
 
 char16_t* NewStringFromOsClock(const char16_t* format) noexcept {

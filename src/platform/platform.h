@@ -122,8 +122,8 @@ std::uint64_t performanceCount() noexcept;
 std::uint64_t performanceFrequency() noexcept;  // counts in a second
 std::uint64_t sessionMilliseconds() noexcept;   // since the system started
 std::uint64_t fileTimeNow() noexcept;           // 100 ns units since the start of 1601, UTC
-// The short date and the time of day in the form of the user's locale; empty for a moment that is
-// none.
+// The short date and the time of day in the form of the user's locale; empty on failure. The time
+// must be a date from 1601 on, or a time of day.
 std::u16string dateText(const CalendarTime& time);
 std::u16string timeText(const CalendarTime& time);
 

@@ -49,19 +49,6 @@ class UserLocale {
     locale_t locale_;
 };
 
-bool isDate(const CalendarTime& time) noexcept {
-    static constexpr std::array<int, 12> kDays = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (time.year < 1601 || time.year > 30827) return false;  // what a file time can tell
-    if (time.month < 1 || time.month > 12) return false;
-    const bool isLeapYear = time.year % 4 == 0 && (time.year % 100 != 0 || time.year % 400 == 0);
-    const int days = time.month == 2 && !isLeapYear ? 28 : kDays[time.month - 1u];
-    return time.day >= 1 && time.day <= days;
-}
-
-bool isTimeOfDay(const CalendarTime& time) noexcept {
-    return time.hour < 24 && time.minute < 60 && time.second < 60 && time.millisecond < 1000;
-}
-
 // The day of the week of a Gregorian date, 0 for Sunday (T. Sakamoto's rule).
 int dayOfWeek(const CalendarTime& time) noexcept {
     static constexpr std::array<int, 12> kShift = {0, 3, 2, 5, 0, 3, 5, 1, 4, 6, 2, 4};
@@ -104,7 +91,6 @@ std::uint64_t fileTimeNow() noexcept {
 }
 
 std::u16string dateText(const CalendarTime& time) {
-    if (!isDate(time)) return noteError(EINVAL), u"";
     struct tm parts {};
     parts.tm_year = time.year - 1900;
     parts.tm_mon = time.month - 1;
@@ -114,7 +100,6 @@ std::u16string dateText(const CalendarTime& time) {
 }
 
 std::u16string timeText(const CalendarTime& time) {
-    if (!isTimeOfDay(time)) return noteError(EINVAL), u"";
     struct tm parts {};
     parts.tm_hour = time.hour;
     parts.tm_min = time.minute;
