@@ -20,7 +20,7 @@ constexpr double kT2[] = {1.0 / 2, 1.0 / 6, 1.0 / 24, 1.0 / 120};
 
 // The first of indices 1 to n, counted from above, whose power of x counts at all.
 uint64_t lastIndexThatCounts(double x, uint64_t n) {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (!(magnitude < 1.0)) return n;
     if (magnitude == 0.0) return 1;
     const double end = kLnLeastReal / std::log(magnitude) + 1.0;
@@ -40,7 +40,7 @@ double rExp2(double x) noexcept {
 }
 
 double rExpM1(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude < ___EpsReal) return x;
     if (magnitude < ___SqrtEpsReal) return x + x * x * (0.5 + x * (1.0 / 6));
     if (magnitude < ___Root4EpsReal) return x + x * x * nuv64::horner(kT2, x);
@@ -48,7 +48,7 @@ double rExpM1(double x) noexcept {
 }
 
 double rExpT1(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude < ___EpsReal) return 1.0;
     if (magnitude < ___SqrtEpsReal) return nuv64::horner(kT1Short, x);
     if (magnitude < ___Root4EpsReal) return nuv64::horner(kT1, x);
@@ -56,7 +56,7 @@ double rExpT1(double x) noexcept {
 }
 
 double rExpT2(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude < ___EpsReal) return 0.5;
     if (magnitude < ___SqrtEpsReal) return nuv64::horner(kT2Short, x);
     if (magnitude < ___Root4EpsReal) return nuv64::horner(kT2, x);

@@ -16,8 +16,8 @@ struct HyperbolicAngle {
 };
 
 HyperbolicAngle angleOfTanh(double t) {
-    if (rAbs(t) > 1.0) return {___NAN, ___NAN};
-    const double cosh = 1.0 / (rSqrt(1.0 + t) * rSqrt(1.0 - t));
+    if (std::fabs(t) > 1.0) return {___NAN, ___NAN};
+    const double cosh = 1.0 / (std::sqrt(1.0 + t) * std::sqrt(1.0 - t));
     return {t * cosh, cosh};
 }
 
@@ -44,13 +44,13 @@ double sumOfPowers(double x, PowerTerm first) {
 
 // Whether the runtime's functions of both arguments are finite.
 bool areModerate(double x, double y) {
-    return rAbs(x) <= ___LnMaxReal && rAbs(y) <= ___LnMaxReal;
+    return std::fabs(x) <= ___LnMaxReal && std::fabs(y) <= ___LnMaxReal;
 }
 
 // (e^|x| + s e^-|x|)/(e^|y| + s e^-|y|) without the large powers.
 double ratioOfExponentials(double x, double y, double s) {
-    x = rAbs(x);
-    y = rAbs(y);
+    x = std::fabs(x);
+    y = std::fabs(y);
     return std::exp(x - y) * (1.0 + s * std::exp(-2.0 * x)) / (1.0 + s * std::exp(-2.0 * y));
 }
 
@@ -89,7 +89,7 @@ double rCoshFromSinh(double x) noexcept {
 }
 
 double rSinhFromCosh(double x) noexcept {
-    return x < 1.0 ? ___NAN : rSqrt(x + 1.0) * rSqrt(x - 1.0);
+    return x < 1.0 ? ___NAN : std::sqrt(x + 1.0) * std::sqrt(x - 1.0);
 }
 
 double rTanhFromSinh(double x) noexcept {

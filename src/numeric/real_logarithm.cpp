@@ -95,7 +95,7 @@ double rLogRatio(double x, double base) noexcept {
 }
 
 double rLogSym(double x) noexcept {
-    return x < 0.0 ? -rLog1p(-x) : rLog1p(x);
+    return x < 0.0 ? -std::log1p(-x) : std::log1p(x);
 }
 
 double rLogSym10(double x) noexcept {
@@ -103,15 +103,15 @@ double rLogSym10(double x) noexcept {
 }
 
 double rLogT1(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude < ___Root4EpsReal) return nuv64::horner(kT1Short, x);
     if (magnitude < kBranch) return nuv64::horner(kT1, x);
-    return rLog1p(x) / x;
+    return std::log1p(x) / x;
 }
 
 double rLogT2(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude < ___Root4EpsReal) return nuv64::horner(kT2Short, x);
     if (magnitude < kBranch) return nuv64::horner(kT2, x);
-    return (rLog1p(x) / x - 1.0) / x;
+    return (std::log1p(x) / x - 1.0) / x;
 }

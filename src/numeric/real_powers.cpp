@@ -25,6 +25,10 @@ double larger(double a, double b) {
     return a > b ? a : b;
 }
 
+double sumOfSquares(double a, double b, double c) {
+    return a * a + b * b + c * c;
+}
+
 }  // namespace
 
 double rSqrt(double x) noexcept {
@@ -32,24 +36,24 @@ double rSqrt(double x) noexcept {
 }
 
 double rSqrtA(double x) noexcept {
-    return 2.0 / 3.0 * x * rSqrt(x);
+    return 2.0 / 3.0 * x * std::sqrt(x);
 }
 
 double rSqrtD(double x) noexcept {
-    return 0.5 / rSqrt(x);
+    return 0.5 / std::sqrt(x);
 }
 
 double rSqrtT1(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude < kShortBranch) return nuv64::horner(kSqrtShort, x);
     if (magnitude < kBranch) return nuv64::horner(kSqrt, x);
-    return (rSqrt(1.0 + x) - 1.0) / x;
+    return (std::sqrt(1.0 + x) - 1.0) / x;
 }
 
 double rSqrt1DivBplusAxA(double x, double b, double a) noexcept {
-    if (a == 0.0) return b < 0.0 ? ___NAN : x / rSqrt(b);
+    if (a == 0.0) return b < 0.0 ? ___NAN : x / std::sqrt(b);
     const double radicand = a * x + b;
-    return radicand < 0.0 ? ___NAN : 2.0 * rSqrt(radicand) / a;
+    return radicand < 0.0 ? ___NAN : 2.0 * std::sqrt(radicand) / a;
 }
 
 double rCbrt(double x) noexcept {
@@ -68,7 +72,7 @@ double rCbrtD(double x) noexcept {
 }
 
 double rCbrtT1(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude < kShortBranch) return nuv64::horner(kCbrtShort, x);
     if (magnitude < kBranch) return nuv64::horner(kCbrt, x);
     return (rCbrt(1.0 + x) - 1.0) / x;
@@ -88,7 +92,7 @@ double rPow(double x, double y) noexcept {
 }
 
 double rSignedPower(double x, double p) noexcept {
-    return withSignOf(x, rPow(rAbs(x), p));
+    return withSignOf(x, rPow(std::fabs(x), p));
 }
 
 double ruPower(double x, uint64_t n) noexcept {
@@ -106,7 +110,7 @@ double riPower(double x, int64_t n) noexcept {
 }
 
 double riAbsPower(double x, int64_t n) noexcept {
-    return riPower(rAbs(x), n);
+    return riPower(std::fabs(x), n);
 }
 
 double riSignedPower(double x, int64_t n) noexcept {
@@ -114,15 +118,15 @@ double riSignedPower(double x, int64_t n) noexcept {
 }
 
 double rHypot(double a, double b) noexcept {
-    const double magnitudeA = rAbs(a);
-    const double magnitudeB = rAbs(b);
+    const double magnitudeA = std::fabs(a);
+    const double magnitudeB = std::fabs(b);
     const double big = magnitudeA > magnitudeB ? magnitudeA : magnitudeB;
     const double small = magnitudeA > magnitudeB ? magnitudeB : magnitudeA;
     if (big == 0.0) return big + small;  // 0, or the not-a-number that was not found larger
     const double r = small / big;
     const double r2 = r * r;
     if (r < 0.001) return big * (1.0 + r2 * (0.5 + r2 * (-0.125 + r2 * 0.0625)));
-    return big * rSqrt(1.0 + r2);
+    return big * std::sqrt(1.0 + r2);
 }
 
 double rNorm2D(double a, double b) noexcept {
@@ -130,9 +134,9 @@ double rNorm2D(double a, double b) noexcept {
 }
 
 double rNorm3D(double a, double b, double c) noexcept {
-    const double scale = larger(rAbs(c), larger(rAbs(a), rAbs(b)));
-    if (scale == 0.0) return scale + rSqrNorm3D(a, b, c);  // 0, or a not-a-number among them
-    return scale * rSqrt(rSqrNorm3D(a / scale, b / scale, c / scale));
+    const double scale = larger(std::fabs(c), larger(std::fabs(a), std::fabs(b)));
+    if (scale == 0.0) return scale + sumOfSquares(a, b, c);  // 0, or a not-a-number among them
+    return scale * std::sqrt(sumOfSquares(a / scale, b / scale, c / scale));
 }
 
 double rSqrNorm2D(double a, double b) noexcept {
@@ -140,5 +144,5 @@ double rSqrNorm2D(double a, double b) noexcept {
 }
 
 double rSqrNorm3D(double a, double b, double c) noexcept {
-    return a * a + b * b + c * c;
+    return sumOfSquares(a, b, c);
 }

@@ -41,10 +41,10 @@ struct Direction {
 };
 
 Direction directionOfTangent(double t) {
-    const double magnitude = rAbs(t);
+    const double magnitude = std::fabs(t);
     const double inverse = 1.0 / t;
-    const double cosine = magnitude > 1.0 ? 1.0 / (magnitude * rSqrt(1.0 + inverse * inverse))
-                                          : 1.0 / rSqrt(1.0 + t * t);
+    const double cosine = magnitude > 1.0 ? 1.0 / (magnitude * std::sqrt(1.0 + inverse * inverse))
+                                          : 1.0 / std::sqrt(1.0 + t * t);
     return {t * cosine, cosine};
 }
 
@@ -76,18 +76,18 @@ double rTanD(double x) noexcept {
 }
 
 double rTanA(double x) noexcept {
-    return -std::log(rAbs(rCos(x)));
+    return -std::log(std::fabs(rCos(x)));
 }
 
 double rTanT1(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude >= kPi / 2) return ___NAN;
     if (magnitude < kBranch) return nuv64::horner(kTanT1, magnitude * magnitude);
-    return rTan(magnitude) / magnitude;
+    return std::tan(magnitude) / magnitude;
 }
 
 double rTanT3(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude >= kPi / 2) return ___NAN;
     const double square = magnitude * magnitude;
     if (magnitude < kBranch) return nuv64::horner(kTanT3, square);
@@ -95,13 +95,13 @@ double rTanT3(double x) noexcept {
         const double tail = lambertTail(square);
         return tail / (1.0 - square * tail);
     }
-    return (rTan(magnitude) - magnitude) / (square * magnitude);
+    return (std::tan(magnitude) - magnitude) / (square * magnitude);
 }
 
 double rCosT2(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     if (magnitude < kBranch) return nuv64::horner(kCosT2, magnitude * magnitude);
-    const double ratio = rSin(0.5 * magnitude) / magnitude;
+    const double ratio = std::sin(0.5 * magnitude) / magnitude;
     return 2.0 * (ratio * ratio);
 }
 
@@ -126,7 +126,7 @@ double rAsin(double x) noexcept {
 }
 
 double rAcos(double x) noexcept {
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     const double angle = magnitude > 1.0 ? ___NAN : std::acos(magnitude);
     return x < 0.0 ? kPi - angle : angle;
 }
@@ -142,7 +142,7 @@ double rAtanD(double x) noexcept {
 double rAcosXR(double x, double r) noexcept {
     if (r == 0.0) return ___NAN;
     if (r < 0.0) return rAcosXR(-x, -r);
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     const double angle = magnitude > r ? 0.0 : rAcos(magnitude / r);
     return x < 0.0 ? kPi - angle : angle;
 }
@@ -150,7 +150,7 @@ double rAcosXR(double x, double r) noexcept {
 double rAsinXR(double x, double r) noexcept {
     if (r == 0.0) return ___NAN;
     if (r < 0.0) return rAsinXR(-x, -r);
-    const double magnitude = rAbs(x);
+    const double magnitude = std::fabs(x);
     return withSignOf(x, magnitude > r ? 0.0 : rAsin(magnitude / r));
 }
 
@@ -167,9 +167,9 @@ double rAtanXY(double x, double y) noexcept {
         x = -x;
         y = -y;
     }
-    const double sum = x + rAbs(y);
+    const double sum = x + std::fabs(y);
     if (!(sum > x)) return 0.0;
-    if (sum > rAbs(y)) return rAtan(y / x);
+    if (sum > std::fabs(y)) return rAtan(y / x);
     return withSignOf(y, kPi / 2);
 }
 
@@ -183,7 +183,7 @@ double rAzimuth(double x, double y) noexcept {
 }
 
 double rCosFromSin(double x) noexcept {
-    return rAbs(x) > 1.0 ? ___NAN : rSqrt(1.0 + x) * rSqrt(1.0 - x);
+    return std::fabs(x) > 1.0 ? ___NAN : std::sqrt(1.0 + x) * std::sqrt(1.0 - x);
 }
 
 double rSinFromCos(double x) noexcept {
@@ -203,7 +203,7 @@ double rCosSinFromTan(double t, double* other) noexcept {
 }
 
 double rTan2XFromTanX(double t) noexcept {
-    const double magnitude = rAbs(t);
+    const double magnitude = std::fabs(t);
     if (magnitude >= 1.0) return ___NAN;
     return 2.0 * t / (1.0 + magnitude) / (1.0 - magnitude);
 }
@@ -213,10 +213,10 @@ double rTanXFromTan2X(double t) noexcept {
 }
 
 double rCosNFromCos(double c, uint64_t n) noexcept {
-    return rAbs(c) > 1.0 ? ___NAN : rChebyshevT(c, n);
+    return std::fabs(c) > 1.0 ? ___NAN : rChebyshevT(c, n);
 }
 
 double rSinNDivSinFromCos(double c, uint64_t n) noexcept {
-    if (rAbs(c) > 1.0) return ___NAN;
+    if (std::fabs(c) > 1.0) return ___NAN;
     return n == 0 ? 0.0 : rChebyshevU(c, n - 1);
 }

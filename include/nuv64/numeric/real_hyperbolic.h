@@ -20,7 +20,8 @@ NUV64_API double rCosh(double x) NUV64_NOEXCEPT;
 NUV64_API double rSech(double x) NUV64_NOEXCEPT;
 
 /* The inverse hyperbolic sine; cosine (result >= 0; a not-a-number for x below 1); tangent (plus or
- * minus infinity at plus or minus 1, a not-a-number beyond). */
+ * minus infinity at plus or minus 1, a not-a-number beyond). On Windows the error of the inverse
+ * cosine near 1 is absolute, about 2^-53. */
 NUV64_API double rAsinh(double x) NUV64_NOEXCEPT;
 NUV64_API double rAcosh(double x) NUV64_NOEXCEPT;
 NUV64_API double rAtanh(double x) NUV64_NOEXCEPT;

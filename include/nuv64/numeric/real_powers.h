@@ -20,8 +20,8 @@ NUV64_API double rSqrtA(double x) NUV64_NOEXCEPT;
 NUV64_API double rSqrtD(double x) NUV64_NOEXCEPT;
 
 /* (sqrt(1 + x) - 1)/x, 1/2 at 0. Taylor polynomials of three terms below 1e-6 in magnitude and of
- * six below 0.001, within one ulp; then plainly the quotient, whose error is about 2/|x| ulps for
- * small x, 2000 at the branch point. A not-a-number for x below -1. (Abramowitz and Stegun 3.6.9.)
+ * six below 0.001, within one ulp; then plainly the quotient, whose error is about 2.5/|x| ulps for
+ * small x, 2000 near the branch point. A not-a-number for x below -1. (Abramowitz and Stegun 3.6.9.)
  */
 NUV64_API double rSqrtT1(double x) NUV64_NOEXCEPT;
 
@@ -30,15 +30,16 @@ NUV64_API double rSqrtT1(double x) NUV64_NOEXCEPT;
  * cancellation of a*x + b near its zero. */
 NUV64_API double rSqrt1DivBplusAxA(double x, double b, double a) NUV64_NOEXCEPT;
 
-/* The cube root, also of negative x; the C runtime's, within one ulp. */
+/* The cube root, also of negative x; the C runtime's, within two ulps (Linux) or one (Windows).
+ */
 NUV64_API double rCbrt(double x) NUV64_NOEXCEPT;
 
 /* With the cube root c: 0.75*c^4, its antiderivative, and 1/(3*c^2), its derivative (an infinity at
- * 0). Within five and three ulps. */
+ * 0). Within ten and five ulps (Linux), half of that (Windows). */
 NUV64_API double rCbrtA(double x) NUV64_NOEXCEPT;
 NUV64_API double rCbrtD(double x) NUV64_NOEXCEPT;
 
-/* (cbrt(1 + x) - 1)/x, 1/3 at 0, for every x. Branches and errors of rSqrtT1. */
+/* (cbrt(1 + x) - 1)/x, 1/3 at 0, for every x. The branches of rSqrtT1, and 4/|x| ulps beyond. */
 NUV64_API double rCbrtT1(double x) NUV64_NOEXCEPT;
 
 /* The n-th root of |x|, made as rPow(x, 1/n), so the sign of x is lost and zero gives ___MinReal;
@@ -54,7 +55,7 @@ NUV64_API double rPow(double x, double y) NUV64_NOEXCEPT;
 NUV64_API double rSignedPower(double x, double p) NUV64_NOEXCEPT;
 
 /* x^n by binary powering from the low bit; n = 0 gives 1 for every x. Overflow gives an infinity,
- * and the error is about n/2 ulps. */
+ * and the error is below n ulps. */
 NUV64_API double ruPower(double x, uint64_t n) NUV64_NOEXCEPT;
 
 /* The same for a signed n: 1/ruPower(x, -n) for n below 0, ___NAN when x is 0 then. Where
