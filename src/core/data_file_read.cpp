@@ -5,6 +5,7 @@
 #include "core/data_file.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdlib>
 #include <cstring>
 
@@ -18,7 +19,8 @@ namespace {
 
 constexpr std::int64_t kOutOfMemory = -2;
 constexpr std::int64_t kFailure = -1;
-constexpr std::int64_t kBackwardStep = 32768;  // bytes that a backward scan brings in at once
+constexpr std::size_t kSmallestLineBlock = 128;  // bytes of a line's text that is handed out
+constexpr std::int64_t kBackwardStep = 32768;    // bytes that a backward scan brings in at once
 
 }  // namespace
 
@@ -190,8 +192,9 @@ std::int64_t cKoFile::ReadLine(char** text) {
     std::string_view line;
     const std::int64_t result = ReadLineView(line);
     if (result < 0 || (result == 0 && line.empty())) return result;
-    // The old text's block mostly serves again.
-    void* const block = std::realloc(old.get(), line.size() + 1);
+    // In few different sizes, so that the old text's block mostly serves again as it is.
+    const std::size_t capacity = std::max(kSmallestLineBlock, std::bit_ceil(line.size() + 1));
+    void* const block = std::realloc(old.get(), capacity);
     if (!block) return fail(platform::kErrorOutOfMemory), kOutOfMemory;
     static_cast<void>(old.release());
     *text = static_cast<char*>(block);

@@ -216,7 +216,7 @@ std::int64_t openNewFile(const Ch* title, Ch** path) noexcept {
     return guardValue(platform::kBadHandle, [&] {
         const SystemText titleText(title);
         const std::u16string chosen = select(
-            {titleText.get(), nullptr, nullptr, u"*.txt|*.txt|", kSave, 0, nullptr}, nullptr);
+            {titleText.get(), nullptr, nullptr, u"Text files|*.txt|", kSave, 0, nullptr}, nullptr);
         if (chosen.empty()) return platform::kBadHandle;
         Owned<Ch> name = ownedText<Ch>(resultText(chosen));
         platform::setLastError(0);

@@ -1,10 +1,10 @@
 #include "nuv64/core/number_printing.h"
 
+#include <bit>
 #include <cmath>
 
 #include "core/real_rounding.h"
 #include "core/text.h"
-#include "nuv64/core/characters.h"
 #include "nuv64/core/special_reals.h"
 
 namespace {
@@ -23,15 +23,19 @@ class Writer {
         for (; count != 0; --count) put('0');
     }
 
+    // The low four bits alone.
+    void digit(std::uint32_t value) noexcept { put("0123456789ABCDEF"[value & 15]); }
+
     // Digits by repeated remainder, reversed in place.
     void integer(std::uint64_t value, std::uint64_t radix) noexcept {
-        if (radix < 2) return;
-        Ch* const first = end_;
-        do {
-            put(chDigitToHexA(static_cast<std::uint32_t>(value % radix)));
-            value /= radix;
-        } while (value != 0);
-        std::reverse(first, end_);
+        if (radix == 10) {
+            // A division by a constant is a multiplication.
+            return digitsReversed(
+                value, [](std::uint64_t v) { return v / 10; }, 10);
+        }
+        if (radix >= 2)
+            digitsReversed(
+                value, [radix](std::uint64_t v) { return v / radix; }, radix);
     }
 
     void signedInteger(std::int64_t value, std::uint64_t radix) noexcept {
@@ -46,6 +50,17 @@ class Writer {
     }
 
   private:
+    template <class Divide>
+    void digitsReversed(std::uint64_t value, Divide divide, std::uint64_t radix) noexcept {
+        Ch* const first = end_;
+        do {
+            const std::uint64_t quotient = divide(value);
+            digit(static_cast<std::uint32_t>(value - quotient * radix));
+            value = quotient;
+        } while (value != 0);
+        std::reverse(first, end_);
+    }
+
     Ch* buffer_;
     Ch* end_;
 };
@@ -66,47 +81,91 @@ std::uint64_t signedToBuffer(std::int64_t value, Ch* buffer, std::uint32_t radix
     return out.finish();
 }
 
-// Digits of a mantissa, which loses what it has given.
-template <class Ch>
-void putDigits(Writer<Ch>& out, double& mantissa, std::uint32_t count,
-               std::uint32_t radix) noexcept {
-    for (; count != 0; --count) {
-        const double digit = std::floor(mantissa);
-        out.put(chDigitToHexA(nuv64::clampToDword(digit)));
-        mantissa = (mantissa - digit) * radix;
+// The digits of a mantissa of at least 1 and below the radix, one after the other. Each is the
+// whole part of the mantissa, which then loses it and is multiplied by the radix, rounded as
+// doubles are.
+class Digits {
+  public:
+    Digits(double mantissa, std::uint32_t radix) noexcept : mantissa_(mantissa), radix_(radix) {}
+
+    std::uint32_t next() noexcept {
+        const double digit = std::floor(mantissa_);
+        mantissa_ = (mantissa_ - digit) * radix_;
+        return nuv64::clampToDword(digit);
     }
+
+  private:
+    double mantissa_;
+    std::uint32_t radix_;
+};
+
+// The same in base 10, with the mantissa as an integer in units of 2^-52, in which each of its
+// values is whole: products of up to 56 bits are rounded to the 53 of a double, half to even.
+// Several times as fast, as no step waits for a conversion.
+class DecimalDigits {
+  public:
+    explicit DecimalDigits(double mantissa) noexcept
+        : mantissa_(static_cast<std::uint64_t>(mantissa * kOne)) {}
+
+    std::uint32_t next() noexcept {
+        const auto digit = static_cast<std::uint32_t>(mantissa_ >> 52);
+        const std::uint64_t product = (mantissa_ & (kOne - 1)) * 10;
+        const int excess = std::max(static_cast<int>(std::bit_width(product)) - 53, 0);
+        const std::uint64_t half = (std::uint64_t{1} << excess) >> 1;
+        const std::uint64_t even = product >> excess & 1;
+        mantissa_ = excess == 0 ? product : (product + half - 1 + even) >> excess << excess;
+        return digit;
+    }
+
+  private:
+    static constexpr std::uint64_t kOne = std::uint64_t{1} << 52;
+    std::uint64_t mantissa_;
+};
+
+template <class Ch, class Source>
+void putDigits(Writer<Ch>& out, Source& source, std::uint32_t count) noexcept {
+    for (; count != 0; --count) out.digit(source.next());
 }
 
 // What a base gives a double for sure.
 std::uint32_t defaultDigits(std::uint32_t radix) noexcept {
+    if (radix == 10) return 15;
     return nuv64::clampToDword(std::floor(-std::log(___EpsReal) / std::log(radix)));
 }
 
-template <class Ch>
-void putFinite(Writer<Ch>& out, double value, std::uint32_t digits, std::uint32_t radix) noexcept {
-    std::int32_t exponent = 0;
-    double mantissa =
-        nuv64::mantissaAndExponent(value, &exponent, static_cast<std::int32_t>(radix));
-    if (digits == 0) digits = std::max(defaultDigits(radix), 1u);
-    if (value < 0) {
-        out.put('-');
-        mantissa = -mantissa;
-    }
+// The digits and the point, or the exponent, of a number that is not negative.
+template <class Ch, class Source>
+void putMagnitude(Writer<Ch>& out, Source source, std::int32_t exponent, std::uint32_t digits,
+                  std::uint32_t radix) noexcept {
     if (exponent < -3 || exponent >= static_cast<std::int64_t>(digits)) {
-        putDigits(out, mantissa, 1, radix);
+        putDigits(out, source, 1);
         out.put('.');
-        putDigits(out, mantissa, digits - 1, radix);
+        putDigits(out, source, digits - 1);
         out.put(radix == 10 ? 'e' : '_');
         out.signedInteger(exponent, radix);
     } else if (exponent < 0) {
         out.put("0.");
         out.zeros(static_cast<std::uint64_t>(-exponent - 1));
-        putDigits(out, mantissa, digits, radix);
+        putDigits(out, source, digits);
     } else {
         const std::uint32_t whole = static_cast<std::uint32_t>(exponent) + 1;
-        putDigits(out, mantissa, whole, radix);
+        putDigits(out, source, whole);
         out.put('.');
-        putDigits(out, mantissa, digits - whole, radix);
+        putDigits(out, source, digits - whole);
+    }
+}
+
+template <class Ch>
+void putFinite(Writer<Ch>& out, double value, std::uint32_t digits, std::uint32_t radix) noexcept {
+    std::int32_t exponent = 0;
+    const double mantissa =
+        nuv64::mantissaAndExponent(std::fabs(value), &exponent, static_cast<std::int32_t>(radix));
+    if (digits == 0) digits = std::max(defaultDigits(radix), 1u);
+    if (value < 0) out.put('-');
+    if (radix == 10) {
+        putMagnitude(out, DecimalDigits(mantissa), exponent, digits, radix);
+    } else {
+        putMagnitude(out, Digits(mantissa, radix), exponent, digits, radix);
     }
 }
 

@@ -36,8 +36,7 @@ double toReal(const Ch* text, const Report& report) noexcept {
     const Ch* start = skipWhite(text);
     const Ch* behind = start;
     bool found = false;
-    const double value =
-        nuv64::readReal(start, nuv64::endOfNumberCharacters(start), &behind, &found);
+    const double value = nuv64::readReal<Ch>(start, nullptr, &behind, &found);
     if (!found) {
         flags |= NUM_UNDEFINED;
     } else {

@@ -11,6 +11,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 
 namespace nuv64 {
@@ -74,7 +75,7 @@ const Ch* readExponent(const Ch* p, const Ch* end, char marker, std::int64_t* ex
     return digits;
 }
 
-// The digits of a number as an integer times a power of the base.
+// The digits of a hexadecimal number as an integer times a power of 16.
 struct ScannedDigits {
     std::uint64_t mantissa = 0;
     std::int64_t exponent = 0;  // in digits
@@ -82,22 +83,22 @@ struct ScannedDigits {
     bool any = false;
 };
 
-// Digits with an optional point, which may also stand first or last. room is the number of digits
-// that always fit 64 bits. A lone point leaves any false.
-template <unsigned base, int room, class Ch>
-const Ch* scanDigits(const Ch* p, const Ch* end, ScannedDigits& scanned) noexcept {
+// Digits with an optional point, which may also stand first or last. A lone point leaves any false.
+template <class Ch>
+const Ch* scanHexadecimal(const Ch* p, const Ch* end, ScannedDigits& scanned) noexcept {
+    constexpr int room = 16;  // digits that always fit the mantissa
     int held = 0;
     bool behindPoint = false;
     for (; p != end; ++p) {
-        const unsigned digit = base == 10 ? decimalDigit(*p) : hexDigit(*p);
-        if (digit >= base) {
+        const unsigned digit = hexDigit(*p);
+        if (digit >= 16) {
             if (*p != '.' || behindPoint) break;
             behindPoint = true;
             continue;
         }
         scanned.any = true;
         if (held < room) {
-            scanned.mantissa = scanned.mantissa * base + digit;
+            scanned.mantissa = scanned.mantissa * 16 + digit;
             held += scanned.mantissa != 0;
             scanned.exponent -= behindPoint;
         } else {
@@ -141,8 +142,8 @@ inline double fromDecimalText(char* text, char* digitsEnd, char* textEnd, std::i
     return value;
 }
 
-// More digits than a 64-bit integer holds. A double is decided by at most 768 significant digits:
-// 800 are kept, and one more digit stands for all that follow.
+// The digits of [p, end) times 10^exponent, however many there are. A double is decided by at most
+// 768 significant digits: 800 are kept, and one more digit stands for all that follow.
 template <class Ch>
 double longDecimal(const Ch* p, const Ch* end, std::int64_t exponent) noexcept {
     constexpr int room = 800;
@@ -170,38 +171,84 @@ double longDecimal(const Ch* p, const Ch* end, std::int64_t exponent) noexcept {
     return fromDecimalText(text, text + count, text + sizeof text, exponent, lead);
 }
 
-inline double shortDecimal(std::uint64_t mantissa, std::int64_t exponent) noexcept {
-    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                         1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                         1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-    // Both operands exact, so one operation rounds correctly (Clinger 1990).
-    if (mantissa <= (std::uint64_t{1} << 53) && exponent >= -22 && exponent <= 22) {
-        const double value = static_cast<double>(mantissa);
-        return exponent < 0 ? value / kPowers[-exponent] : value * kPowers[exponent];
+// Behind a decimal number of few digits without exponent, as nearly all are: the digits as an
+// integer and the power of ten are exact, so that one division rounds correctly (Clinger, ACM
+// SIGPLAN Notices 25(6), 92, 1990). begin when it is none, or more than that.
+template <class Ch>
+const Ch* readPlainDecimal(const Ch* begin, const Ch* end, double* value) noexcept {
+    static constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr std::ptrdiff_t longest = 15;  // digits that a double's 53 bits hold for sure
+    std::uint64_t digits = 0;
+    const Ch* p = begin;
+    for (; p != end && decimalDigit(*p) <= 9; ++p) digits = digits * 10 + decimalDigit(*p);
+    std::ptrdiff_t length = p - begin, fraction = 0;
+    if (p != end && *p == '.') {
+        const Ch* const point = p++;
+        for (; p != end && decimalDigit(*p) <= 9; ++p) digits = digits * 10 + decimalDigit(*p);
+        fraction = p - point - 1;
+        length += fraction;
     }
-    if (mantissa == 0) return 0.0;
-    char text[60];
-    char* digitsEnd = std::to_chars(text, text + 24, mantissa).ptr;
-    return fromDecimalText(text, digitsEnd, text + sizeof text, exponent,
-                           exponent + (digitsEnd - text));
+    if (length == 0 || length > longest || (p != end && isLetter(*p, 'e'))) return begin;
+    *value = static_cast<double>(digits) / kPowers[fraction];
+    return p;
+}
+
+// Behind a decimal number of moderate length and range, by the library's reader; begin when it is
+// none, or one that needs the general way.
+template <class Ch>
+const Ch* readShortDecimal(const Ch* begin, const Ch* end, double* value) noexcept {
+    constexpr std::ptrdiff_t longest = 48;
+    char narrow[longest] = {};
+    const char* first = narrow;
+    std::ptrdiff_t length = 0;
+    if constexpr (sizeof(Ch) == 1) {
+        first = begin;
+        if (end) {
+            length = end - begin < longest ? end - begin : longest;
+        } else {
+            const void* terminator = std::memchr(begin, 0, longest);
+            length = terminator ? static_cast<const char*>(terminator) - begin : longest;
+        }
+    } else {
+        for (; length < longest && begin + length != end; ++length) {
+            const Ch ch = begin[length];
+            if (decimalDigit(ch) > 9 && !isLetter(ch, 'e') && ch != '.' && ch != '-' && ch != '+')
+                break;
+            narrow[length] = static_cast<char>(ch);
+        }
+    }
+    const auto result = std::from_chars(first, first + length, *value);
+    if (result.ec != std::errc()) return begin;
+    // An exponent may have been cut behind its mark or sign.
+    if (length == longest && first + length - result.ptr < 3) return begin;
+    return begin + (result.ptr - first);
 }
 
 // Behind a decimal number, or begin.
 template <class Ch>
 const Ch* readDecimal(const Ch* begin, const Ch* end, double* value) noexcept {
-    ScannedDigits scanned;
-    const Ch* digitsEnd = scanDigits<10, 19>(begin, end, scanned);
-    if (!scanned.any) return begin;
-    std::int64_t exponent = 0;
-    const Ch* after = readExponent(digitsEnd, end, 'e', &exponent);
-    if (!scanned.cut) {
-        *value = shortDecimal(scanned.mantissa, scanned.exponent + exponent);
-        return after;
+    if (begin == end || (decimalDigit(*begin) > 9 && *begin != '.')) return begin;
+    const Ch* after = readPlainDecimal(begin, end, value);
+    if (after == begin) after = readShortDecimal(begin, end, value);
+    if (after != begin) return after;
+    std::int64_t fraction = 0;  // digits behind the point
+    bool any = false, behindPoint = false;
+    const Ch* p = begin;
+    for (; p != end; ++p) {
+        if (decimalDigit(*p) <= 9) {
+            any = true;
+            fraction += behindPoint;
+        } else if (*p == '.' && !behindPoint) {
+            behindPoint = true;
+        } else {
+            break;
+        }
     }
-    const Ch* point = begin;
-    while (point != digitsEnd && *point != '.') ++point;
-    const std::int64_t fraction = point == digitsEnd ? 0 : digitsEnd - point - 1;
-    *value = longDecimal(begin, digitsEnd, exponent - fraction);
+    if (!any) return begin;
+    std::int64_t exponent = 0;
+    after = readExponent(p, end, 'e', &exponent);
+    *value = longDecimal(begin, p, exponent - fraction);
     return after;
 }
 
@@ -209,7 +256,7 @@ const Ch* readDecimal(const Ch* begin, const Ch* end, double* value) noexcept {
 template <class Ch>
 const Ch* readHexadecimal(const Ch* begin, const Ch* end, double* value) noexcept {
     ScannedDigits scanned;
-    const Ch* digitsEnd = scanDigits<16, 16>(begin, end, scanned);
+    const Ch* digitsEnd = scanHexadecimal(begin, end, scanned);
     if (!scanned.any) return begin;
     std::int64_t exponent = scanned.exponent * 4;
     const Ch* after = readExponent(digitsEnd, end, 'p', &exponent);
@@ -239,8 +286,9 @@ const Ch* readWord(const Ch* begin, const Ch* end, double* value) noexcept {
 
 }  // namespace number_text
 
-// The number at begin (no white space is skipped). *after (may be null) is set behind it; *found
-// (may be null) tells whether there is one. Without a number the result is the module's
+// The number at begin (no white space is skipped). A null end stands for a terminated text, of
+// which no more is looked at than belongs to the number. *after (may be null) is set behind it;
+// *found (may be null) tells whether there is one. Without a number the result is the module's
 // not-a-number and *after is begin.
 template <class Ch>
 double readReal(const Ch* begin, const Ch* end, const Ch** after, bool* found = nullptr) noexcept {
@@ -250,7 +298,7 @@ double readReal(const Ch* begin, const Ch* end, const Ch** after, bool* found = 
     if (p != end && (*p == '-' || *p == '+')) ++p;
     double value = 0.0;
     const Ch* behind = p;
-    if (end - p > 2 && *p == '0' && isLetter(p[1], 'x')) {
+    if ((!end || end - p > 2) && *p == '0' && isLetter(p[1], 'x')) {
         behind = readHexadecimal(p + 2, end, &value);
         if (behind == p + 2) behind = p;
     }
@@ -261,19 +309,6 @@ double readReal(const Ch* begin, const Ch* end, const Ch** after, bool* found = 
     if (found) *found = ok;
     if (!ok) return std::bit_cast<double>(std::uint64_t{0xFFFF000000000000});
     return negative ? -value : value;
-}
-
-// The end of the run of characters that a number at begin may consist of, in a terminated text: an
-// end for readReal that costs no scan of the whole text.
-template <class Ch>
-const Ch* endOfNumberCharacters(const Ch* begin) noexcept {
-    const auto belongs = [](Ch ch) {
-        const unsigned letter = (static_cast<unsigned>(ch) | 0x20) - 'a';
-        return number_text::decimalDigit(ch) <= 9 || letter <= 25 || ch == '.' || ch == '-' ||
-               ch == '+' || ch == '_' || ch == '(' || ch == ')';
-    };
-    while (belongs(*begin)) ++begin;
-    return begin;
 }
 
 }  // namespace nuv64

@@ -97,12 +97,12 @@ int32_t compare(const Ch* a, const Ch* b, uint32_t options, Ch wildcard) noexcep
 
 template <class Ch>
 Ch* locateSubString(const Ch* text, const Ch* sub, uint64_t textLen, uint64_t subLen,
-                    uint32_t options, Ch wildcard, const uint64_t* table) noexcept {
+                    uint32_t options, Ch wildcard) noexcept {
     if (!text || !sub || *sub == 0) return const_cast<Ch*>(text);
     const View<Ch> searched = textLen != 0 ? View<Ch>(text, textLen) : View<Ch>(text);
     const View<Ch> pattern = subLen != 0 ? View<Ch>(sub, subLen) : View<Ch>(sub);
     const nuv64::SubString<Ch> wanted(pattern, (options & kIgnoreCase) != 0, wildcard);
-    const std::size_t place = wanted.find(searched, table);
+    const std::size_t place = wanted.find(searched);
     return place == wanted.npos ? nullptr : const_cast<Ch*>(text + place);
 }
 
@@ -222,22 +222,22 @@ int32_t StringsCompareA(const char* a, const char* b, uint32_t options, char wil
 }
 
 char16_t* StringLocateSubString(const char16_t* text, const char16_t* sub, uint64_t textLen,
-                                uint64_t subLen, const uint64_t* table) noexcept {
-    return locateSubString<char16_t>(text, sub, textLen, subLen, 0, 0, table);
+                                uint64_t subLen, const uint64_t*) noexcept {
+    return locateSubString<char16_t>(text, sub, textLen, subLen, 0, 0);
 }
 
 char* StringLocateSubStringA(const char* text, const char* sub, uint64_t textLen, uint64_t subLen,
-                             const uint64_t* table) noexcept {
-    return locateSubString<char>(text, sub, textLen, subLen, 0, 0, table);
+                             const uint64_t*) noexcept {
+    return locateSubString<char>(text, sub, textLen, subLen, 0, 0);
 }
 
 char16_t* StringLocateSubStringEx(const char16_t* text, const char16_t* sub, uint64_t textLen,
                                   uint64_t subLen, uint32_t options, char16_t wildcard,
-                                  const uint64_t* table) noexcept {
-    return locateSubString(text, sub, textLen, subLen, options, wildcard, table);
+                                  const uint64_t*) noexcept {
+    return locateSubString(text, sub, textLen, subLen, options, wildcard);
 }
 
 char* StringLocateSubStringExA(const char* text, const char* sub, uint64_t textLen, uint64_t subLen,
-                               uint32_t options, char wildcard, const uint64_t* table) noexcept {
-    return locateSubString(text, sub, textLen, subLen, options, wildcard, table);
+                               uint32_t options, char wildcard, const uint64_t*) noexcept {
+    return locateSubString(text, sub, textLen, subLen, options, wildcard);
 }

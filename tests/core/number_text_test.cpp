@@ -74,9 +74,8 @@ void expectAsRuntime(const std::string& text) {
     } else {
         expectRead(text, value, length);
     }
-    const char* limit = nuv64::endOfNumberCharacters(text.c_str());
     const char* after = nullptr;
-    nuv64::readReal(text.c_str(), limit, &after);
+    nuv64::readReal<char>(text.c_str(), nullptr, &after);
     EXPECT_EQ(static_cast<std::size_t>(after - text.c_str()), length);
 #else
     readBoth(text);

@@ -78,15 +78,14 @@ NUV64_API int32_t StringsCompare(const char16_t* a, const char16_t* b, uint32_t 
 NUV64_API int32_t StringsCompareA(const char* a, const char* b, uint32_t options,
                                   char wildcard) NUV64_NOEXCEPT;
 
-/* The first place of sub in a large text (Boyer and Moore 1977, bad-character rule in Horspool's
- * form).
+/* The first place of sub in a text, made for large texts: it runs near the speed of memory.
  *
  * textLen, subLen: lengths; 0 measures.
- * table: null, or 256 shifts prepared for sub, so that repeated searches save it: entry c is the
- * distance from the last character of sub whose low byte is c, the very last of sub left out, to
- * the end of sub; subLen where there is none.
- * Result: a pointer into text; null when not found and for null text; text for a null or empty
- * sub. */
+ * table: null, or 256 shifts that the caller prepared for sub (entry c is the distance from the
+ * last character of sub whose low byte is c, the very last of sub left out, to the end of sub;
+ * subLen where there is none). The search has become faster than such a table can make it, so it is
+ * not looked at: the result is the same with and without. Result: a pointer into text; null when
+ * not found and for null text; text for a null or empty sub. */
 NUV64_API char16_t* StringLocateSubString(const char16_t* text, const char16_t* sub,
                                           uint64_t textLen, uint64_t subLen,
                                           const uint64_t* table) NUV64_NOEXCEPT;
@@ -95,10 +94,9 @@ NUV64_API char* StringLocateSubStringA(const char* text, const char* sub, uint64
 
 /* The same with options and a wildcard.
  *
- * options: 1 ignores case; a table is then of the pattern in capitals. wildcard: if not 0, that
- * character in sub matches any one. Wildcards at the ends of sub are left out of the search, and of
- * the table; the result is moved back by those in front, for which the text must have characters.
- */
+ * options: 1 ignores the case of the letters A to Z. wildcard: if not 0, that character in sub
+ * matches any one. Wildcards at the ends of sub are left out of the search; the result is moved
+ * back by those in front, for which the text must have characters. */
 NUV64_API char16_t* StringLocateSubStringEx(const char16_t* text, const char16_t* sub,
                                             uint64_t textLen, uint64_t subLen, uint32_t options,
                                             char16_t wildcard,
