@@ -35,8 +35,8 @@ NUV64_API double rExpT2(double x) NUV64_NOEXCEPT;
 /* 1 + x + x^2/2 + x^3/3 + ... + x^n/n: the denominators are the indices, not their factorials, so
  * this is 1 - ln(1 - x) cut off after n terms. 1 for n = 0, 1 + x for n = 1. By Horner's scheme
  * from 1/n down; for |x| < 1 from the first index whose power is not lost to underflow. An overflow
- * gives an infinity. The error is below 2 ulps for magnitudes up to 1 and below n ulps for larger x; for
- * x below -1 the sum cancels. Time grows with n where |x| is near 1. */
+ * gives an infinity. The error is below 2 ulps for magnitudes up to 1 and below n ulps for larger
+ * x; for x below -1 the sum cancels. Time grows with n where |x| is near 1. */
 NUV64_API double rExpt(double x, uint64_t n) NUV64_NOEXCEPT;
 
 /* The symmetric exponential: e^(x-1) for x >= 0, -e^(-x-1) for x below 0. It grows as the inverse
@@ -44,7 +44,8 @@ NUV64_API double rExpt(double x, uint64_t n) NUV64_NOEXCEPT;
  * with the sign of x. The error is below 1 + |x| ulps. */
 NUV64_API double rExpSym(double x) NUV64_NOEXCEPT;
 
-/* rExpSym(2.302585092994046*x), so that a unit of x is a decade; the error is below 2 + 5|x| ulps. */
+/* rExpSym(2.302585092994046*x), so that a unit of x is a decade; the error is below 2 + 5|x| ulps.
+ */
 NUV64_API double rExpSym10(double x) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS

@@ -21,7 +21,8 @@ NUV64_API double rSqrtD(double x) NUV64_NOEXCEPT;
 
 /* (sqrt(1 + x) - 1)/x, 1/2 at 0. Taylor polynomials of three terms below 1e-6 in magnitude and of
  * six below 0.001, within one ulp; then plainly the quotient, whose error is about 2.5/|x| ulps for
- * small x, 2000 near the branch point. A not-a-number for x below -1. (Abramowitz and Stegun 3.6.9.)
+ * small x, 2000 near the branch point. A not-a-number for x below -1. (Abramowitz and
+ * Stegun 3.6.9.)
  */
 NUV64_API double rSqrtT1(double x) NUV64_NOEXCEPT;
 
