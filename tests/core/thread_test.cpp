@@ -312,7 +312,9 @@ std::uint32_t countInSection(void* context) {
     for (int i = 0; i < 2000; ++i) {
         OsEnterCriticalSection(counter.section);
         OsEnterCriticalSection(counter.section);
-        ++counter.value;
+        const int value = counter.value;
+        if (i % 16 == 0) std::this_thread::yield();
+        counter.value = value + 1;
         OsLeaveCriticalSection(counter.section);
         OsLeaveCriticalSection(counter.section);
     }

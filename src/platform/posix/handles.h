@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "platform/process.h"
 
@@ -44,6 +45,22 @@ inline std::uint64_t unitsOf(const struct timeval& time) noexcept {
     return static_cast<std::uint64_t>(time.tv_sec) * 10'000'000 +
            static_cast<std::uint64_t>(time.tv_usec) * 10;
 }
+
+// A handle that is closed again unless it is given away: made before the task is started, for
+// nothing may fail after that.
+class NewHandle {
+  public:
+    explicit NewHandle(std::shared_ptr<Task> task) : handle_(newHandle(std::move(task))) {}
+    NewHandle(const NewHandle&) = delete;
+    NewHandle& operator=(const NewHandle&) = delete;
+    ~NewHandle() {
+        if (handle_ != 0) closeTaskHandle(handle_);
+    }
+    std::int64_t release() noexcept { return std::exchange(handle_, 0); }
+
+  private:
+    std::int64_t handle_;
+};
 
 // What the kernel tells of a thread or a process; no value when it has ended.
 struct TaskStatus {

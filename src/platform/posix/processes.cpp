@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -33,8 +34,8 @@ class Orphans {
   public:
     void makeRoom() {
         const std::lock_guard lock(mutex_);
+        ids_.reserve(children_ + 1);
         ++children_;
-        ids_.reserve(children_);
     }
     void childIsReaped() noexcept {
         const std::lock_guard lock(mutex_);
@@ -71,7 +72,11 @@ Orphans& orphans() noexcept {
 
 class ChildProcess final : public Task {
   public:
-    explicit ChildProcess(std::vector<std::string> words, const std::string& folder) {
+    ~ChildProcess() override {
+        if (id_ > 0 && !ended_) orphans().adopt(id_);
+    }
+
+    bool start(std::vector<std::string> words, const std::string& folder) {
         orphans().makeRoom();
         created_ = fileTimeNow();
         try {
@@ -81,12 +86,9 @@ class ChildProcess final : public Task {
             throw;
         }
         if (id_ < 0) orphans().childIsReaped();
-    }
-    ~ChildProcess() override {
-        if (id_ > 0 && !ended_) orphans().adopt(id_);
+        return id_ > 0;
     }
 
-    bool isStarted() const noexcept { return id_ > 0; }
     pid_t id() const noexcept override { return id_; }
     bool isActive() override { return !exitCode(); }
 
@@ -123,7 +125,7 @@ class ChildProcess final : public Task {
     }
 
     std::mutex mutex_;
-    pid_t id_ = -1;
+    std::atomic<pid_t> id_ = -1;  // another thread may look for it in the table meanwhile
     std::uint64_t created_ = 0;
     bool ended_ = false;
     std::uint32_t exitCode_ = kStillActive;
@@ -155,16 +157,11 @@ bool launchProcess(const char16_t* commandLine, const char16_t* folder, Launched
     std::vector<std::string> words =
         splitCommandLine(encodeUtf8(commandLine ? commandLine : u"", BadBytes::kEscape));
     std::replace(words[0].begin(), words[0].end(), '\\', '/');
-    const auto child =
-        std::make_shared<ChildProcess>(std::move(words), folder ? nativePath(folder) : "");
-    if (!child->isStarted()) return false;
-    launched.process = newHandle(child);
-    try {
-        launched.thread = newHandle(child);
-    } catch (...) {
-        closeTaskHandle(launched.process);
-        throw;
-    }
+    const auto child = std::make_shared<ChildProcess>();
+    NewHandle process(child);
+    NewHandle thread(child);
+    if (!child->start(std::move(words), folder ? nativePath(folder) : "")) return false;
+    launched = {process.release(), thread.release()};
     return true;
 }
 

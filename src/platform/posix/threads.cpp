@@ -207,23 +207,11 @@ std::int64_t createThread(ThreadFunction function, void* context, std::uint32_t 
     if (!function) return noteError(EINVAL), 0;
     const auto thread =
         std::make_shared<StartedThread>(function, context, (flags & kCreateSuspended) != 0);
-    const std::int64_t handle = newHandle(thread);
-    bool started = false;
-    try {
-        started = startDetached(thread);
-    } catch (...) {
-        closeTaskHandle(handle);
-        throw;
-    }
-    if (!started) {
-        const std::uint32_t code = lastError();
-        closeTaskHandle(handle);
-        setLastError(code);
-        return 0;
-    }
+    NewHandle handle(thread);
+    if (!startDetached(thread)) return 0;
     thread->waitUntilStarted();
     id = static_cast<std::uint32_t>(thread->id());
-    return handle;
+    return handle.release();
 }
 
 std::int64_t openThread(std::uint32_t id, std::uint32_t) {
