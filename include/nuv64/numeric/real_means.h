@@ -1,9 +1,10 @@
 /* Means of two numbers, and sums over the arguments of a call.
  *
  * Powers and squares on the way are taken as they stand: they may overflow to an infinity or
- * underflow to 0 for magnitudes beyond ___SqrtMaxReal or below ___SqrtMinReal, and a mean made with
- * rPow saturates at ___MaxReal and ___MinReal. A not-a-number gives a not-a-number unless said
- * otherwise. Errors in units of 2^-52 of the result, measured over eight decades of arguments. */
+ * underflow to 0 for magnitudes beyond ___SqrtMaxReal or below ___SqrtMinReal; those of rPow
+ * saturate at ___MaxReal and ___MinReal, and the sum of two such may overflow. A not-a-number gives
+ * a not-a-number unless said otherwise. Errors in units of 2^-52 of the result, measured over eight
+ * decades of arguments. */
 #ifndef NUV64_NUMERIC_REAL_MEANS_H
 #define NUV64_NUMERIC_REAL_MEANS_H
 
@@ -67,9 +68,8 @@ NUV64_API double rMeanAGM(double a, double b) NUV64_NOEXCEPT;
  * becomes (0.5*(a + b), z + r, z - r) with r = sqrt((a - z)*(b - z)), until a and b agree as above.
  * With it the complete elliptic integral of the second kind is
  * E(m) = pi/2 * N(1, 1 - m)/rMeanAGM(1, sqrt(1 - m)). 0 when either is 0, ___NAN when either is
- * negative. z grows in magnitude while r loses it again, so the error rises with the ratio of the
- * arguments: below 10 up to a ratio of 10, about 1000 at 1e4.
- * (S. Adlaj, Notices of the AMS 59 (2012) 1094.) */
+ * negative. z falls to a multiple of -a that grows with each round, and b is what is left of it:
+ * the error is about 25 last places. (S. Adlaj, Notices of the AMS 59 (2012) 1094.) */
 NUV64_API double rMeanMAGM(double a, double b) NUV64_NOEXCEPT;
 
 /* Sums over the n reals of the call, the first one named. Each must be passed as a double. */

@@ -4,8 +4,10 @@
  * A final L marks Lorentzian flanks, which fall off as 1/x^2. A final G marks the Gaussian-like
  * form made of the L form v: 0 where v is below floor, else e^(ln 2*(v - 1)/v). It maps 1 to 1 and
  * 1/2 to 1/2, so the points of half height stay, and cuts the flanks at the height that floor maps
- * to; floor 0 cuts nothing. Values are within a few last places (G: a few times 1/v); comparisons
- * are taken as they stand, so a not-a-number takes the branch of a false comparison. */
+ * to; floor 0 cuts nothing. The error is within ten last places, but where the
+ * formula makes a small value v of a difference (steps, thresholds) it is about 4/v, and a G form
+ * adds about (2 + the error of v)/v. Comparisons are taken as they stand, so a not-a-number takes
+ * the branch of a false one. */
 #ifndef NUV64_NUMERIC_REAL_TAPERS_H
 #define NUV64_NUMERIC_REAL_TAPERS_H
 
@@ -73,7 +75,8 @@ NUV64_API double rThresholdRelG(double x, double mid, double r, double floor) NU
 NUV64_API double rSmoothLoBoundTaper(double x, double bound, double factor) NUV64_NOEXCEPT;
 
 /* Bends large magnitudes: with e = bound/factor, x below e stays; above it is
- * x - ((x - e)/x)*(x - e), which rises towards 2 e; factor 2 makes that the bound. */
+ * x - ((x - e)/x)*(x - e), which rises towards 2 e; factor 2 makes that the bound. The
+ * error is up to 4*(1 + x/bound) last places. */
 NUV64_API double rSmoothHiBoundTaper(double x, double bound, double factor) NUV64_NOEXCEPT;
 
 /* rSmoothHiBoundTaper by high of rSmoothLoBoundTaper by low, both with the same factor. */
