@@ -246,32 +246,32 @@ auto typedBoth(const std::string& typed, Wide wide, Narrow narrow, std::uint32_t
     return value;
 }
 
-#define TYPED(function, typed, flags)                              \
-    typedBoth(                                                     \
-        typed, [](std::uint32_t* f) { return function(u"p", f); }, \
-        [](std::uint32_t* f) { return function##A("p", f); }, flags)
+#define TYPED(wide, narrow, typed, flags)                      \
+    typedBoth(                                                 \
+        typed, [](std::uint32_t* f) { return wide(u"p", f); }, \
+        [](std::uint32_t* f) { return narrow("p", f); }, flags)
 
 TEST(CinNumbers, AreReadByTheReaderOfTheirType) {
     std::uint32_t flags = 0;
-    EXPECT_EQ(TYPED(CinDword, "42\n", &flags), 42u);
+    EXPECT_EQ(TYPED(CinDword, CinDwordA, "42\n", &flags), 42u);
     EXPECT_EQ(flags, 0u);
-    EXPECT_EQ(TYPED(CinDword, "  42.6 x\n", &flags), 43u);
+    EXPECT_EQ(TYPED(CinDword, CinDwordA, "  42.6 x\n", &flags), 43u);
     EXPECT_EQ(flags, 0x40u);
-    EXPECT_EQ(TYPED(CinDword, "-5\n", &flags), 0u);
+    EXPECT_EQ(TYPED(CinDword, CinDwordA, "-5\n", &flags), 0u);
     EXPECT_EQ(flags, 0x20200u);
-    EXPECT_EQ(TYPED(CinLong, "-5\n", &flags), -5);
+    EXPECT_EQ(TYPED(CinLong, CinLongA, "-5\n", &flags), -5);
     EXPECT_EQ(flags, 0u);
-    EXPECT_EQ(TYPED(CinLong, "3e9\n", &flags), INT32_MAX);
+    EXPECT_EQ(TYPED(CinLong, CinLongA, "3e9\n", &flags), INT32_MAX);
     EXPECT_EQ(flags, 0x1100u);
-    EXPECT_EQ(TYPED(CinQword, "123456789012\n", &flags), 123456789012u);
-    EXPECT_EQ(TYPED(CinQword, "-1", &flags), 0u);
+    EXPECT_EQ(TYPED(CinQword, CinQwordA, "123456789012\n", &flags), 123456789012u);
+    EXPECT_EQ(TYPED(CinQword, CinQwordA, "-1", &flags), 0u);
     EXPECT_EQ(flags, 0x80200u);
-    EXPECT_EQ(TYPED(CinQlong, "-123456789012\n", &flags), -123456789012);
-    EXPECT_EQ(TYPED(CinReal, "-2.5e-3\n", &flags), -2.5e-3);
+    EXPECT_EQ(TYPED(CinQlong, CinQlongA, "-123456789012\n", &flags), -123456789012);
+    EXPECT_EQ(TYPED(CinReal, CinRealA, "-2.5e-3\n", &flags), -2.5e-3);
     EXPECT_EQ(flags, 0u);
-    EXPECT_EQ(TYPED(CinReal, "1.5 \n", &flags), 1.5);
+    EXPECT_EQ(TYPED(CinReal, CinRealA, "1.5 \n", &flags), 1.5);
     EXPECT_EQ(flags, 0x20u);
-    EXPECT_EQ(TYPED(CinReal, "inf\n", &flags), HUGE_VAL);
+    EXPECT_EQ(TYPED(CinReal, CinRealA, "inf\n", &flags), HUGE_VAL);
     std::string printed;
     typedBoth(
         "1\n", [](std::uint32_t* f) { return CinReal(u"\n Wave length [m]:", f); },
@@ -282,23 +282,23 @@ TEST(CinNumbers, AreReadByTheReaderOfTheirType) {
 TEST(CinNumbers, WithoutANumberGiveTheirMark) {
     for (const char* typed : {"\n", "   \n", "abc\n", ",5\n", "\xC3\xA4\n", ""}) {
         std::uint32_t flags = 0;
-        EXPECT_EQ(TYPED(CinDword, typed, &flags), UINT32_MAX) << typed;
+        EXPECT_EQ(TYPED(CinDword, CinDwordA, typed, &flags), UINT32_MAX) << typed;
         EXPECT_EQ(flags & 0x10, 0x10u);
-        EXPECT_EQ(TYPED(CinLong, typed, &flags), -1);
+        EXPECT_EQ(TYPED(CinLong, CinLongA, typed, &flags), -1);
         EXPECT_EQ(flags & 0x10, 0x10u);
-        EXPECT_EQ(TYPED(CinQword, typed, &flags), UINT64_MAX);
+        EXPECT_EQ(TYPED(CinQword, CinQwordA, typed, &flags), UINT64_MAX);
         EXPECT_EQ(flags & 0x10, 0x10u);
-        EXPECT_EQ(TYPED(CinQlong, typed, &flags), -1);
+        EXPECT_EQ(TYPED(CinQlong, CinQlongA, typed, &flags), -1);
         EXPECT_EQ(flags & 0x10, 0x10u);
-        EXPECT_TRUE(std::isnan(TYPED(CinReal, typed, &flags)));
+        EXPECT_TRUE(std::isnan(TYPED(CinReal, CinRealA, typed, &flags)));
         EXPECT_EQ(flags & 0x10, 0x10u);
     }
 }
 
-#define CHECKED(function, typed, min, max, flags, printed)                    \
-    typedBoth(                                                                \
-        typed, [&](std::uint32_t* f) { return function(u"p", min, max, f); }, \
-        [&](std::uint32_t* f) { return function##A("p", min, max, f); }, flags, printed)
+#define CHECKED(wide, narrow, typed, min, max, flags, printed)            \
+    typedBoth(                                                            \
+        typed, [&](std::uint32_t* f) { return wide(u"p", min, max, f); }, \
+        [&](std::uint32_t* f) { return narrow("p", min, max, f); }, flags, printed)
 
 const std::string kIllegal = "     Illegal! Try again:  ";
 const std::string kLarge = "     Too large! Try again:  ";
@@ -307,13 +307,13 @@ const std::string kSmall = "     Too small! Try again:  ";
 TEST(CinDwordMm, AsksAgainForWhatWontDo) {
     std::uint32_t flags = 0;
     std::string printed;
-    EXPECT_EQ(CHECKED(CinDwordMm, "7\n", 5u, 10u, &flags, &printed), 7u);
+    EXPECT_EQ(CHECKED(CinDwordMm, CinDwordMmA, "7\n", 5u, 10u, &flags, &printed), 7u);
     EXPECT_EQ(flags, 0u);
     EXPECT_EQ(printed, " p ");
-    EXPECT_EQ(CHECKED(CinDwordMm, "x\n11\n4\n10\n", 5u, 10u, &flags, &printed), 10u);
+    EXPECT_EQ(CHECKED(CinDwordMm, CinDwordMmA, "x\n11\n4\n10\n", 5u, 10u, &flags, &printed), 10u);
     EXPECT_EQ(flags, 0u);
     EXPECT_EQ(printed, " p " + kIllegal + kLarge + kSmall);
-    EXPECT_EQ(CHECKED(CinDwordMm, "7.5\n-1\n5\n", 5u, 10u, &flags, &printed), 5u);
+    EXPECT_EQ(CHECKED(CinDwordMm, CinDwordMmA, "7.5\n-1\n5\n", 5u, 10u, &flags, &printed), 5u);
     EXPECT_EQ(printed, " p " + kIllegal + kIllegal) << "fractions and negative numbers";
 }
 
@@ -321,14 +321,16 @@ TEST(CinDwordMm, AsksAgainForWhatWontDo) {
 TEST(CinDwordMm, FourBadAnswersGiveTheLastOne) {
     std::uint32_t flags = 0;
     std::string printed;
-    EXPECT_EQ(CHECKED(CinDwordMm, "99\n98\n97\n96\n5\n", 1u, 10u, &flags, &printed), 96u);
+    EXPECT_EQ(CHECKED(CinDwordMm, CinDwordMmA, "99\n98\n97\n96\n5\n", 1u, 10u, &flags, &printed),
+              96u);
     EXPECT_EQ(flags, 0x10000000u);
     EXPECT_EQ(printed, " p " + kLarge + kLarge + kLarge);
-    EXPECT_EQ(CHECKED(CinDwordMm, "99\n98\n97\n0\n5\n", 1u, 10u, &flags, &printed), 0u);
+    EXPECT_EQ(CHECKED(CinDwordMm, CinDwordMmA, "99\n98\n97\n0\n5\n", 1u, 10u, &flags, &printed),
+              0u);
     EXPECT_EQ(flags, 0x20000000u);
-    EXPECT_EQ(CHECKED(CinDwordMm, "99\n98\n97\nx\n", 1u, 10u, &flags, &printed), 0u);
+    EXPECT_EQ(CHECKED(CinDwordMm, CinDwordMmA, "99\n98\n97\nx\n", 1u, 10u, &flags, &printed), 0u);
     EXPECT_EQ(flags & 0x10, 0x10u);
-    EXPECT_EQ(CHECKED(CinDwordMm, "a\nb\nc\n7\n", 1u, 10u, &flags, &printed), 7u)
+    EXPECT_EQ(CHECKED(CinDwordMm, CinDwordMmA, "a\nb\nc\n7\n", 1u, 10u, &flags, &printed), 7u)
         << "the third retry counts";
     EXPECT_EQ(flags, 0u);
 }
@@ -336,27 +338,28 @@ TEST(CinDwordMm, FourBadAnswersGiveTheLastOne) {
 TEST(CinCheckedNumbers, EndWithTheInput) {
     std::uint32_t flags = 0;
     std::string printed;
-    EXPECT_EQ(CHECKED(CinDwordMm, "", 1u, 10u, &flags, &printed), UINT32_MAX);
+    EXPECT_EQ(CHECKED(CinDwordMm, CinDwordMmA, "", 1u, 10u, &flags, &printed), UINT32_MAX);
     EXPECT_EQ(flags, 0x10u);
     EXPECT_EQ(printed, " p " + kIllegal + kIllegal + kIllegal);
-    EXPECT_EQ(CHECKED(CinLongMm, "", -1, 1, &flags, &printed), -1);
-    EXPECT_EQ(CHECKED(CinQwordMm, "", 1u, 10u, &flags, &printed), UINT64_MAX);
-    EXPECT_EQ(CHECKED(CinQlongMm, "", 1, 10, &flags, &printed), -1);
-    EXPECT_TRUE(std::isnan(CHECKED(CinRealMm, "", 1, 10, &flags, &printed)));
+    EXPECT_EQ(CHECKED(CinLongMm, CinLongMmA, "", -1, 1, &flags, &printed), -1);
+    EXPECT_EQ(CHECKED(CinQwordMm, CinQwordMmA, "", 1u, 10u, &flags, &printed), UINT64_MAX);
+    EXPECT_EQ(CHECKED(CinQlongMm, CinQlongMmA, "", 1, 10, &flags, &printed), -1);
+    EXPECT_TRUE(std::isnan(CHECKED(CinRealMm, CinRealMmA, "", 1, 10, &flags, &printed)));
     EXPECT_EQ(flags, 0x10u);
 }
 
 TEST(CinCheckedNumbers, OfTheOtherTypes) {
     std::uint32_t flags = 0;
     std::string printed;
-    EXPECT_EQ(CHECKED(CinLongMm, "-11\n11\n1e10\n-10\n", -10, 10, &flags, &printed), -10);
+    EXPECT_EQ(CHECKED(CinLongMm, CinLongMmA, "-11\n11\n1e10\n-10\n", -10, 10, &flags, &printed),
+              -10);
     EXPECT_EQ(flags, 0u);
     EXPECT_EQ(printed, " p " + kSmall + kLarge + kIllegal);
-    EXPECT_EQ(CHECKED(CinQlongMm, "-11\n\n11\n3\n", -10, 10, &flags, &printed), 3);
+    EXPECT_EQ(CHECKED(CinQlongMm, CinQlongMmA, "-11\n\n11\n3\n", -10, 10, &flags, &printed), 3);
     EXPECT_EQ(printed, " p " + kSmall + kIllegal + kLarge);
-    EXPECT_EQ(CHECKED(CinQwordMm, "0\n11\n1.5\n10\n", 1u, 10u, &flags, &printed), 10u);
+    EXPECT_EQ(CHECKED(CinQwordMm, CinQwordMmA, "0\n11\n1.5\n10\n", 1u, 10u, &flags, &printed), 10u);
     EXPECT_EQ(printed, " p " + kSmall + kLarge + kIllegal);
-    EXPECT_EQ(CHECKED(CinQwordMm, "5x\n", 1u, 10u, &flags, &printed), 5u)
+    EXPECT_EQ(CHECKED(CinQwordMm, CinQwordMmA, "5x\n", 1u, 10u, &flags, &printed), 5u)
         << "rounding replaces the report of what follows";
     EXPECT_EQ(flags, 0u);
 }
@@ -366,28 +369,30 @@ TEST(CinCheckedNumbers, OfTheOtherTypes) {
 TEST(CinQwordMm, TakesANegativeAnswerForZero) {
     std::uint32_t flags = 0;
     std::string printed;
-    EXPECT_EQ(CHECKED(CinQwordMm, "-3\n", 0u, 10u, &flags, &printed), 0u);
+    EXPECT_EQ(CHECKED(CinQwordMm, CinQwordMmA, "-3\n", 0u, 10u, &flags, &printed), 0u);
     EXPECT_EQ(flags, 0x80200u);
     EXPECT_EQ(printed, " p ");
-    EXPECT_EQ(CHECKED(CinQwordMm, "-3\n4\n", 1u, 10u, &flags, &printed), 4u);
+    EXPECT_EQ(CHECKED(CinQwordMm, CinQwordMmA, "-3\n4\n", 1u, 10u, &flags, &printed), 4u);
     EXPECT_EQ(printed, " p " + kSmall);
 }
 
 TEST(CinRealMm, ChecksItsLimits) {
     std::uint32_t flags = 0;
     std::string printed;
-    EXPECT_EQ(CHECKED(CinRealMm, "1.5\n", 1.0, 2.0, &flags, &printed), 1.5);
+    EXPECT_EQ(CHECKED(CinRealMm, CinRealMmA, "1.5\n", 1.0, 2.0, &flags, &printed), 1.5);
     EXPECT_EQ(flags, 0u);
-    EXPECT_EQ(CHECKED(CinRealMm, "0.5\n2.5\n1.5 m\n2\n", 1.0, 2.0, &flags, &printed), 2.0);
+    EXPECT_EQ(CHECKED(CinRealMm, CinRealMmA, "0.5\n2.5\n1.5 m\n2\n", 1.0, 2.0, &flags, &printed),
+              2.0);
     EXPECT_EQ(printed, " p " + kSmall + kLarge + kIllegal);
-    EXPECT_EQ(CHECKED(CinRealMm, "3\n4\n5\n6\n", 1.0, 2.0, &flags, &printed), 6.0);
+    EXPECT_EQ(CHECKED(CinRealMm, CinRealMmA, "3\n4\n5\n6\n", 1.0, 2.0, &flags, &printed), 6.0);
     EXPECT_EQ(flags, 0x10000000u);
-    EXPECT_TRUE(std::isnan(CHECKED(CinRealMm, "a\nb\nc\nd\n", 1.0, 2.0, &flags, &printed)));
-    EXPECT_EQ(CHECKED(CinRealMm, "inf\n1\n", 1.0, 2.0, &flags, &printed), 1.0);
+    EXPECT_TRUE(
+        std::isnan(CHECKED(CinRealMm, CinRealMmA, "a\nb\nc\nd\n", 1.0, 2.0, &flags, &printed)));
+    EXPECT_EQ(CHECKED(CinRealMm, CinRealMmA, "inf\n1\n", 1.0, 2.0, &flags, &printed), 1.0);
     EXPECT_EQ(printed, " p " + kLarge);
-    EXPECT_TRUE(std::isnan(CHECKED(CinRealMm, "nan\n", 1.0, 2.0, &flags, &printed)))
+    EXPECT_TRUE(std::isnan(CHECKED(CinRealMm, CinRealMmA, "nan\n", 1.0, 2.0, &flags, &printed)))
         << "neither above nor below";
-    EXPECT_EQ(CHECKED(CinRealMm, "7\n", ___NAN, ___NAN, &flags, &printed), 7.0);
+    EXPECT_EQ(CHECKED(CinRealMm, CinRealMmA, "7\n", ___NAN, ___NAN, &flags, &printed), 7.0);
 }
 
 TEST(CinNumbers, StandANullPrompt) {

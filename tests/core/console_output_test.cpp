@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <random>
+#include <vector>
 
 #include "core/owned_result.h"
 #include "nuv64/core/formatter.h"
@@ -114,34 +115,57 @@ TEST(CoutDword, IsRightJustified) {
     EXPECT_EQ(printedBy([] { CoutDwordA(nullptr, 7, nullptr, 2, 10); }), " 7");
 }
 
-TEST(CoutIntegers, PrintWhatTheirPrintersWrite) {
-    std::mt19937_64 random(17);
-    const auto padded = [](const std::string& number, std::uint32_t width) {
-        return "[" + std::string(width > number.size() ? width - number.size() : 0, ' ') + number +
-               "]";
-    };
-    for (int i = 0; i < 200; ++i) {
-        const std::uint64_t bits = random() >> random() % 64;
-        const auto radix = static_cast<std::uint32_t>(2 + random() % 15);
-        const auto width = static_cast<std::uint32_t>(random() % 40);
-        const auto d = static_cast<std::uint32_t>(bits);
-        const auto l = static_cast<std::int32_t>(d);
-        const auto q = static_cast<std::int64_t>(bits);
-        EXPECT_EQ(both([&] { CoutDword(u"[", d, u"]", width, radix); },
-                       [&] { CoutDwordA("[", d, "]", width, radix); }),
-                  padded(*taken(NewStringFromDwordA(d, radix)), width));
-        EXPECT_EQ(both([&] { CoutLong(u"[", l, u"]", width, radix); },
-                       [&] { CoutLongA("[", l, "]", width, radix); }),
-                  padded(*taken(NewStringFromLongA(l, radix)), width));
-        if (bits != UINT64_MAX) {
-            EXPECT_EQ(both([&] { CoutQword(u"[", bits, u"]", width, radix); },
-                           [&] { CoutQwordA("[", bits, "]", width, radix); }),
-                      padded(*taken(NewStringFromQwordA(bits, radix)), width));
-        }
-        EXPECT_EQ(both([&] { CoutQlong(u"[", q, u"]", width, radix); },
-                       [&] { CoutQlongA("[", q, "]", width, radix); }),
-                  padded(*taken(NewStringFromQlongA(q, radix)), width));
+struct IntegerCase {
+    std::uint64_t bits;
+    std::uint32_t width;
+    std::uint32_t radix;
+
+    auto d() const { return static_cast<std::uint32_t>(bits); }
+    auto l() const { return static_cast<std::int32_t>(bits); }
+    auto q() const { return static_cast<std::int64_t>(bits); }
+    std::string padded(char* number) const {
+        const std::string text = *taken(number);
+        return "[" + std::string(width > text.size() ? width - text.size() : 0, ' ') + text + "]";
     }
+};
+
+std::vector<IntegerCase> integerCases() {
+    std::mt19937_64 random(17);
+    std::vector<IntegerCase> cases;
+    for (int i = 0; i < 500; ++i) {
+        const auto word = [&] { return static_cast<std::uint32_t>(random()); };
+        cases.push_back({random() >> word() % 64, word() % 40, 2 + word() % 15});
+        if (cases.back().bits == UINT64_MAX) cases.pop_back();
+    }
+    return cases;
+}
+
+TEST(CoutIntegers, PrintWhatTheirPrintersWrite) {
+    const auto cases = integerCases();
+    std::string expected;
+    for (const auto& c : cases) {
+        expected += c.padded(NewStringFromDwordA(c.d(), c.radix));
+        expected += c.padded(NewStringFromLongA(c.l(), c.radix));
+        expected += c.padded(NewStringFromQwordA(c.bits, c.radix));
+        expected += c.padded(NewStringFromQlongA(c.q(), c.radix));
+    }
+    const auto wide = [&] {
+        for (const auto& c : cases) {
+            CoutDword(u"[", c.d(), u"]", c.width, c.radix);
+            CoutLong(u"[", c.l(), u"]", c.width, c.radix);
+            CoutQword(u"[", c.bits, u"]", c.width, c.radix);
+            CoutQlong(u"[", c.q(), u"]", c.width, c.radix);
+        }
+    };
+    const auto narrow = [&] {
+        for (const auto& c : cases) {
+            CoutDwordA("[", c.d(), "]", c.width, c.radix);
+            CoutLongA("[", c.l(), "]", c.width, c.radix);
+            CoutQwordA("[", c.bits, "]", c.width, c.radix);
+            CoutQlongA("[", c.q(), "]", c.width, c.radix);
+        }
+    };
+    EXPECT_EQ(both(wide, narrow), expected);
     EXPECT_EQ(printedBy([] { CoutLongA(nullptr, INT32_MIN, nullptr, 0, 10); }), "-2147483648");
     EXPECT_EQ(printedBy([] { CoutQwordA(nullptr, UINT64_MAX - 1, nullptr, 0, 10); }),
               "18446744073709551614");
@@ -158,30 +182,41 @@ TEST(CoutIntegers, InvalidOnesHaveTheirNames) {
               "<_InvalidQLONG>");
 }
 
-TEST(CoutReal, PrintsWhatRealToBufferWrites) {
+struct RealCase {
+    double value;
+    std::uint32_t digits;
+    std::uint32_t radix;
+};
+
+std::vector<RealCase> realCases() {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    std::vector<RealCase> cases = {{1.5, 3, 1}, {1.0 / 3, 500, 10}};
+    for (const double value : {0.0, -0.0, 1.5, -1e6, 0.0625, double{___MaxReal}, 5e-324,
+                               double{___NAN}, kInfinity, -kInfinity})
+        for (const std::uint32_t radix : {0u, 2u, 10u, 16u}) cases.push_back({value, 0, radix});
     std::mt19937_64 random(18);
-    const double special[] = {0.0,
-                              -0.0,
-                              1.5,
-                              -1e6,
-                              0.0625,
-                              ___MaxReal,
-                              5e-324,
-                              ___NAN,
-                              std::numeric_limits<double>::infinity(),
-                              -std::numeric_limits<double>::infinity()};
-    const auto check = [](double value, std::uint32_t digits, std::uint32_t radix) {
-        EXPECT_EQ(both([&] { CoutReal(u"<", value, u">", digits, radix); },
-                       [&] { CoutRealA("<", value, ">", digits, radix); }),
-                  "<" + *taken(NewStringFromRealA(value, digits, radix == 0 ? 10 : radix)) + ">");
+    for (int i = 0; i < 200; ++i) {
+        const int exponent = static_cast<int>(random() % 200) - 160;
+        const auto digits = static_cast<std::uint32_t>(random() % 20);
+        cases.push_back({std::ldexp(static_cast<double>(random()), exponent), digits, 10});
+    }
+    return cases;
+}
+
+// 0 as the base stands for 10.
+TEST(CoutReal, PrintsWhatRealToBufferWrites) {
+    const auto cases = realCases();
+    std::string expected;
+    for (const auto& c : cases)
+        expected +=
+            "<" + *taken(NewStringFromRealA(c.value, c.digits, c.radix ? c.radix : 10)) + ">";
+    const auto wide = [&] {
+        for (const auto& c : cases) CoutReal(u"<", c.value, u">", c.digits, c.radix);
     };
-    for (const double value : special)
-        for (const std::uint32_t radix : {0u, 2u, 10u, 16u}) check(value, 0, radix);
-    for (int i = 0; i < 100; ++i)
-        check(std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 200) - 160),
-              static_cast<std::uint32_t>(random() % 20), 10);
-    check(1.5, 3, 1);
-    check(1.0 / 3, 500, 10);
+    const auto narrow = [&] {
+        for (const auto& c : cases) CoutRealA("<", c.value, ">", c.digits, c.radix);
+    };
+    EXPECT_EQ(both(wide, narrow), expected);
     EXPECT_EQ(printedBy([] { CoutRealA(" Frequency", 2.5, " Hz\n", 3, 0); }),
               " Frequency2.50 Hz\n");
     EXPECT_EQ(printedBy([] { CoutReal(nullptr, 1.0, nullptr, 1, 10); }), "1.");
