@@ -106,6 +106,7 @@
 #include "nuv64/numeric/incomplete_gamma.h"
 #include "nuv64/numeric/number_theory.h"
 #include "nuv64/numeric/plane_rotations.h"
+#include "nuv64/numeric/power_derivatives.h"
 #include "nuv64/numeric/random.h"
 #include "nuv64/numeric/real_bounded.h"
 #include "nuv64/numeric/real_comparison.h"

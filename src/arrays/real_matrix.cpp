@@ -1,10 +1,14 @@
 #include "nuv64/arrays/real_matrix.h"
 
+#include <cmath>
+
+#include "arrays/column_kernels.h"
 #include "arrays/matrix_size.h"
 #include "core/guard.h"
 #include "core/owned.h"
 #include "nuv64/arrays/real_array.h"
-#include "nuv64/numeric/real_elementary.h"
+#include "nuv64/core/special_reals.h"
+#include "nuv64/numeric/real_powers.h"
 
 using namespace nuv64;
 
@@ -14,12 +18,6 @@ namespace {
 void copyTopRows(const double* from, uint64_t fromRows, double* to, uint64_t toRows, uint64_t kept,
                  uint64_t cols) noexcept {
     for (uint64_t c = 0; c < cols; ++c) RArrCopy(kept, from + c * fromRows, to + c * toRows);
-}
-
-void transposeInto(const double* from, uint64_t rows, uint64_t cols, double* to) noexcept {
-    for (uint64_t c = 0; c < cols; ++c) {
-        for (uint64_t r = 0; r < rows; ++r) to[c + r * cols] = from[r + c * rows];
-    }
 }
 
 }  // namespace
@@ -65,6 +63,22 @@ double* NewRMatRemoveRows(const double* M, uint64_t rows, uint64_t cols, uint64_
     return result;
 }
 
+uint32_t RMatFillIdentity(double* matrix, uint64_t rows, uint64_t cols) noexcept {
+    if (!matrix) return 18;
+    if (rows == 0) return 14;
+    const uint64_t size = rows * (cols == 0 ? rows : cols);
+    RArrZero(size, matrix);
+    for (uint64_t i = 0; i < size; i += rows + 1) matrix[i] = 1.0;
+    return kSuccess;
+}
+
+double* RMatNewIdentity(uint32_t* err, uint64_t rows, uint64_t cols) noexcept {
+    if (cols == 0) cols = rows;
+    double* const matrix = RArrNew(err, matrixSize(rows, cols));
+    if (matrix) RMatFillIdentity(matrix, rows, cols);
+    return matrix;
+}
+
 uint32_t RMatFillVandermonde(double* matrix, const double* x, uint64_t rows,
                              uint64_t cols) noexcept {
     if (rows == 0 || !x) return 14;
@@ -85,15 +99,25 @@ double* RMatNewVandermonde(uint32_t* err, const double* x, uint64_t rows, uint64
     return matrix;
 }
 
+double RMatVandermondeDeterminant(uint64_t n, const double* x) noexcept {
+    if (n == 0 || !x) return ___NAN;
+    double product = 1.0;
+    for (uint64_t i = 0; i < n; ++i) {
+        for (uint64_t j = i + 1; j < n; ++j) {
+            const double difference = x[i] - x[j];
+            if (std::fabs(difference) <= ___EpsReal) return 0.0;
+            product *= difference;
+        }
+    }
+    return product;
+}
+
 uint32_t RMatFillGram(uint64_t n, double* gram, uint64_t m, const double* X) noexcept {
     if (n == 0 || m == 0 || !X) return 14;
     if (!gram) return 18;
     for (uint64_t i = 0; i < n; ++i) {
-        for (uint64_t j = 0; j <= i; ++j) {
-            const double product = RArrDotProduct(m, X + i * m, X + j * m);
-            gram[i + j * n] = product;
-            gram[j + i * n] = product;
-        }
+        dotColumns(m, X + i * m, X, m, i + 1, gram + i * n);
+        for (uint64_t j = 0; j < i; ++j) gram[i + j * n] = gram[j + i * n];
     }
     return kSuccess;
 }
@@ -107,28 +131,6 @@ double* RMatNewGram(uint32_t* err, uint64_t n, uint64_t m, const double* X) noex
     });
 }
 
-uint32_t RMatByRArr(const double* M, uint32_t rows, uint32_t cols, const double* x,
-                    double* out) noexcept {
-    if (!M || !x || rows == 0 || cols == 0) return 14;
-    if (!out) return 18;
-    RArrZero(rows, out);
-    for (uint64_t c = 0; c < cols; ++c) {
-        const double* const column = M + c * rows;
-        for (uint64_t r = 0; r < rows; ++r) out[r] += column[r] * x[c];
-    }
-    return kSuccess;
-}
-
-uint32_t RMatTranspose(const double* M, uint64_t rows, uint64_t cols, double* out) noexcept {
-    return guardStatus([&] {
-        if (M != out) {
-            transposeInto(M, rows, cols, out);
-            return kSuccess;
-        }
-        const uint64_t size = matrixSize(rows, cols);
-        const Owned<double> copy = allocate<double>(size);
-        RArrCopy(size, M, copy.get());
-        transposeInto(copy.get(), rows, cols, out);
-        return kSuccess;
-    });
+uint32_t NewRMatFromAsciFile(void) noexcept {
+    return 9;
 }

@@ -1,18 +1,61 @@
 // Gauss-Jordan inversion with full pivoting. Rows are walked inside, columns outside: columns are
-// contiguous, and each element still gets the same operations in the same order as by rows.
+// contiguous, and each element still gets the same operations in the same order as by rows. While a
+// column is at hand its largest element is found too, so that the search for the next pivot looks
+// into few columns only.
+#include "nuv64/arrays/real_matrix_inverse.h"
+
 #include <cmath>
 #include <utility>
 
-#include "arrays/matrix_size.h"
+#include "arrays/column_kernels.h"
 #include "core/guard.h"
 #include "core/owned.h"
 #include "nuv64/arrays/real_array.h"
-#include "nuv64/arrays/real_matrix.h"
+#include "nuv64/arrays/real_elements.h"
 #include "nuv64/core/special_reals.h"
 
 using namespace nuv64;
 
 namespace {
+
+using Words = int64_t __attribute__((vector_size(16)));
+
+Words wordsOf(Pair pair) noexcept {
+    Words words;
+    std::memcpy(&words, &pair, sizeof words);
+    return words;
+}
+
+Pair maskedMagnitude(const double* x, const uint64_t* mask) noexcept {
+    constexpr int64_t kNoSign = INT64_MAX;
+    Words masks;
+    std::memcpy(&masks, mask, sizeof masks);
+    const Words words = wordsOf(loadPair(x)) & masks & Words{kNoSign, kNoSign};
+    Pair magnitude;
+    std::memcpy(&magnitude, &words, sizeof magnitude);
+    return magnitude;
+}
+
+Pair greater(Pair x, Pair best) noexcept {
+    return x > best ? x : best;
+}
+
+// The largest magnitude where the mask is all ones, not-a-numbers apart; 0.0 without one.
+double largestMagnitude(uint64_t n, const double* x, const uint64_t* mask) noexcept {
+    Pair even{}, odd{};
+    uint64_t i = 0;
+    for (; i + 4 <= n; i += 4) {
+        even = greater(maskedMagnitude(x + i, mask + i), even);
+        odd = greater(maskedMagnitude(x + i + 2, mask + i + 2), odd);
+    }
+    even = greater(odd, even);
+    double best = even[0] > even[1] ? even[0] : even[1];
+    for (; i < n; ++i) {
+        const double magnitude = mask[i] ? std::fabs(x[i]) : 0.0;
+        if (magnitude > best) best = magnitude;
+    }
+    return best;
+}
 
 struct Pivot {
     uint64_t row = UINT64_MAX;
@@ -29,71 +72,82 @@ class Elimination {
           n_(n),
           b_(b),
           m_(b ? m : 0),
-          used_(allocate<uint64_t>(n)),
+          unused_(allocate<uint64_t>(n)),
           pivotRows_(allocate<uint64_t>(n)),
           pivotColumns_(allocate<uint64_t>(n)),
-          factors_(allocate<double>(n)) {
-        for (uint64_t i = 0; i < n; ++i) used_[i] = 0;
+          factors_(allocate<double>(n)),
+          largest_(allocate<double>(n)) {
+        for (uint64_t i = 0; i < n; ++i) unused_[i] = UINT64_MAX;
     }
 
     uint32_t run() noexcept {
         double largest = 0.0;
+        for (uint64_t c = 0; c < n_; ++c) findLargest(c);
         for (uint64_t step = 0; step < n_; ++step) {
             const Pivot pivot = findPivot();
             if (!pivot.found()) return 26;
             if (pivot.magnitude > largest) largest = pivot.magnitude;
-            used_[pivot.column] = 1;
+            unused_[pivot.column] = 0;
             pivotRows_[step] = pivot.row;
             pivotColumns_[step] = pivot.column;
-            exchangeRows(pivot.row, pivot.column);
             if (largest * ___5EpsReal > pivot.magnitude) return 26;
-            eliminate(pivot.column);
+            eliminate(pivot.row, pivot.column);
         }
         restoreColumns();
         return kSuccess;
     }
 
   private:
+    void findLargest(uint64_t c) noexcept {
+        largest_[c] = largestMagnitude(n_, a_ + c * n_, unused_.get());
+    }
+
     // The largest magnitude among the unused rows and columns. Of equal ones the one that is last
     // by rows, then by columns, wins; zeros are candidates, not-a-numbers are none.
     Pivot findPivot() const noexcept {
         Pivot best;
         for (uint64_t c = 0; c < n_; ++c) {
-            if (used_[c]) continue;
-            const double* const column = a_ + c * n_;
-            for (uint64_t r = 0; r < n_; ++r) {
-                const double magnitude = std::fabs(column[r]);
-                if (!(magnitude >= best.magnitude) || used_[r]) continue;
-                const bool tie = magnitude == best.magnitude && best.found();
-                if (tie && r < best.row) continue;
-                best = {r, c, magnitude};
-            }
+            if (unused_[c] && largest_[c] > best.magnitude) best.magnitude = largest_[c];
+        }
+        for (uint64_t c = 0; c < n_; ++c) {
+            if (!unused_[c] || largest_[c] != best.magnitude) continue;
+            const uint64_t row = lastRowWith(best.magnitude, a_ + c * n_);
+            if (row == UINT64_MAX || (best.found() && row < best.row)) continue;
+            best.row = row;
+            best.column = c;
         }
         return best;
     }
 
-    void exchangeRows(uint64_t i, uint64_t j) noexcept {
-        if (i == j) return;
-        for (uint64_t c = 0; c < n_; ++c) std::swap(a_[i + c * n_], a_[j + c * n_]);
-        for (uint64_t c = 0; c < m_; ++c) std::swap(b_[i + c * n_], b_[j + c * n_]);
+    uint64_t lastRowWith(double magnitude, const double* column) const noexcept {
+        for (uint64_t r = n_; r-- > 0;) {
+            if (std::fabs(column[r]) == magnitude && unused_[r]) return r;
+        }
+        return UINT64_MAX;
     }
 
-    // Clears the pivot's column but for the pivot's row, which stands on the diagonal now.
-    void eliminate(uint64_t pivot) noexcept {
-        double* const pivotColumn = a_ + pivot * n_;
-        const double scale = 1.0 / pivotColumn[pivot];
+    // Exchanges row i with row j and clears the pivot's column, j, but for row j.
+    void eliminate(uint64_t i, uint64_t j) noexcept {
+        double* const pivotColumn = a_ + j * n_;
+        std::swap(pivotColumn[i], pivotColumn[j]);
+        const double scale = 1.0 / pivotColumn[j];
         RArrCopy(n_, pivotColumn, factors_.get());
         RArrZero(n_, pivotColumn);
-        pivotColumn[pivot] = 1.0;
-        for (uint64_t c = 0; c < n_; ++c) eliminateInColumn(a_ + c * n_, pivot, scale);
-        for (uint64_t c = 0; c < m_; ++c) eliminateInColumn(b_ + c * n_, pivot, scale);
+        pivotColumn[j] = 1.0;
+        eliminateInColumn(pivotColumn, j, j, scale);
+        for (uint64_t c = 0; c < n_; ++c) {
+            if (c == j) continue;
+            eliminateInColumn(a_ + c * n_, i, j, scale);
+            if (unused_[c]) findLargest(c);
+        }
+        for (uint64_t c = 0; c < m_; ++c) eliminateInColumn(b_ + c * n_, i, j, scale);
     }
 
-    void eliminateInColumn(double* column, uint64_t pivot, double scale) const noexcept {
-        const double* const factors = factors_.get();
-        const double scaled = column[pivot] * scale;
-        for (uint64_t r = 0; r < n_; ++r) column[r] -= scaled * factors[r];
-        column[pivot] = scaled;
+    void eliminateInColumn(double* column, uint64_t i, uint64_t j, double scale) const noexcept {
+        std::swap(column[i], column[j]);
+        const double scaled = column[j] * scale;
+        subtractScaled(n_, factors_.get(), column, scaled);
+        column[j] = scaled;
     }
 
     void restoreColumns() noexcept {
@@ -108,10 +162,12 @@ class Elimination {
     uint64_t n_;
     double* b_;
     uint64_t m_;
-    Owned<uint64_t> used_;
+    Owned<uint64_t>
+        unused_;  // of each column, and of the row that its pivot came to: all ones or 0
     Owned<uint64_t> pivotRows_;
     Owned<uint64_t> pivotColumns_;
     Owned<double> factors_;
+    Owned<double> largest_;  // magnitude in the unused rows, of each unused column
 };
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include "core/owned.h"
 #include "nuv64/arrays/real_array.h"
 #include "nuv64/arrays/real_matrix.h"
+#include "nuv64/arrays/real_matrix_inverse.h"
+#include "nuv64/arrays/real_matrix_products.h"
 
 using namespace nuv64;
 

@@ -8,7 +8,8 @@
 #include "core/owned.h"
 #include "fits/residual_norm.h"
 #include "nuv64/arrays/real_array.h"
-#include "nuv64/arrays/real_matrix.h"
+#include "nuv64/arrays/real_matrix_inverse.h"
+#include "nuv64/arrays/real_matrix_svd.h"
 #include "nuv64/numeric/chebyshev.h"
 #include "nuv64/numeric/real_special.h"
 

@@ -4,25 +4,14 @@
 #include <utility>
 
 #include "nuv64/core/special_reals.h"
-#include "nuv64/numeric/real_elementary.h"
+#include "numeric/givens_rotation.h"
 
 void rGivensRotation(double* a, double* b, double* c, double* s) noexcept {
     if (!a || !b || !c || !s) return;
-    const double magnitudeA = std::fabs(*a);
-    const double magnitudeB = std::fabs(*b);
-    const double scale = magnitudeA > magnitudeB ? magnitudeA : magnitudeB;
-    if (scale == 0.0) {
-        *c = 1.0;
-        *s = 0.0;
-        *a = 0.0;
-    } else {
-        const double x = *a / scale;
-        const double y = *b / scale;
-        const double length = rHypot(x, y);
-        *c = x / length;
-        *s = y / length;
-        *a = scale * length;
-    }
+    const nuv64::GivensRotation rotation = nuv64::givensRotation(*a, *b);
+    *c = rotation.c;
+    *s = rotation.s;
+    *a = rotation.length;
     *b = 0.0;
 }
 

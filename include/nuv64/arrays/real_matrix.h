@@ -5,7 +5,10 @@
  * arguments; nothing stores them. Makers with an err argument clear it and set it to 0x80001 when
  * memory is short; err may be null. The six functions from RMatNew to RMatZero are those of the
  * real arrays with n = rows*cols, and this product is taken modulo 2^64 there: a caller with sizes
- * from outside must test it. Everything below them refuses sizes whose product overflows. */
+ * from outside must test it. The makers below them refuse sizes whose product overflows.
+ *
+ * What is done with matrices stands in real_matrix_elements.h, real_matrix_products.h,
+ * real_matrix_inverse.h, real_matrix_eigen.h and real_matrix_svd.h. */
 #ifndef NUV64_ARRAYS_REAL_MATRIX_H
 #define NUV64_ARRAYS_REAL_MATRIX_H
 
@@ -38,6 +41,16 @@ NUV64_API double* NewRMatAppendRows0(const double* M, uint64_t rows, uint64_t co
 NUV64_API double* NewRMatRemoveRows(const double* M, uint64_t rows, uint64_t cols,
                                     uint64_t count) NUV64_NOEXCEPT;
 
+/* Ones on the main diagonal, which is walked in steps of rows + 1 through the flat array, and 0.0
+ * elsewhere. cols = 0 means square. The walk ends with the array: a matrix with more than rows + 1
+ * columns gets a further diagonal from column rows + 1 on.
+ * Status: 18 null matrix; 14 rows = 0; 0. */
+NUV64_API uint32_t RMatFillIdentity(double* matrix, uint64_t rows, uint64_t cols) NUV64_NOEXCEPT;
+
+/* A new matrix filled so, owned by the caller. cols = 0 means square. Null with *err 0 for
+ * rows = 0. */
+NUV64_API double* RMatNewIdentity(uint32_t* err, uint64_t rows, uint64_t cols) NUV64_NOEXCEPT;
+
 /* Element (r, c) = p^c with 1.0 at c = 0, where p is x[r - 1]: the base of row r is the element
  * before it, so that row 0 reads one place before x. Callers hand in the address of their second
  * element to have row r use element r. cols = 0 means square. Powers are those of ruPower.
@@ -50,6 +63,12 @@ NUV64_API uint32_t RMatFillVandermonde(double* matrix, const double* x, uint64_t
 NUV64_API double* RMatNewVandermonde(uint32_t* err, const double* x, uint64_t rows,
                                      uint64_t cols) NUV64_NOEXCEPT;
 
+/* The product of x[i] - x[j] over all i < j, taken with i outside and both going up: the
+ * determinant of the square Vandermonde matrix of these n bases up to its sign, which is that of
+ * the reversed differences. 1.0 for n = 1. A difference with magnitude at or below ___EpsReal gives
+ * 0.0 at once, an absolute limit whatever the size of the bases. ___NAN for n = 0 or a null x. */
+NUV64_API double RMatVandermondeDeterminant(uint64_t n, const double* x) NUV64_NOEXCEPT;
+
 /* gram(i, j) = dot product of columns i and j of X, which has m rows and n columns; n by n,
  * symmetric. Status: 14 for a size of 0 or a null X; 18 null gram; 0. */
 NUV64_API uint32_t RMatFillGram(uint64_t n, double* gram, uint64_t m,
@@ -59,51 +78,8 @@ NUV64_API uint32_t RMatFillGram(uint64_t n, double* gram, uint64_t m,
 NUV64_API double* RMatNewGram(uint32_t* err, uint64_t n, uint64_t m,
                               const double* X) NUV64_NOEXCEPT;
 
-/* out[r] = sum over c upward of M(r, c) * x[c]. out must not overlap the inputs.
- * Status: 14 for a size of 0 or a null input; 18 null out; 0. */
-NUV64_API uint32_t RMatByRArr(const double* M, uint32_t rows, uint32_t cols, const double* x,
-                              double* out) NUV64_NOEXCEPT;
-
-/* out(c, r) = M(r, c): out has cols rows and rows columns, and may be M itself, which then works
- * through a temporary copy. Status: 0; 0x80001 for such a copy. Nothing is tested for null, except
- * that nothing is touched for a size of 0. */
-NUV64_API uint32_t RMatTranspose(const double* M, uint64_t rows, uint64_t cols,
-                                 double* out) NUV64_NOEXCEPT;
-
-/* Replaces the n by n matrix A by its inverse and the n by m right-hand side B by the solution of
- * A*X = B, by Gauss-Jordan elimination with full pivoting. A null B means m = 0. A pivot below
- * 5*2^-52 times the largest pivot so far counts as singular; a matrix of zeros alone is not caught
- * by that test and gives infinities. Not-a-numbers end as singular.
- * Status: 14 null A or n = 0; 26 singular, with A and B partly overwritten; 0x80001, untouched; 0.
- * Residuals are of the order of n * 2^-52 * |A| * |X|.
- * Source: F. L. Bauer, C. Reinsch, Handbook for Automatic Computation II (1971), I/3; pivoting over
- * the whole matrix. */
-NUV64_API uint32_t RMatInvert(double* A, uint64_t n, double* B, uint64_t m) NUV64_NOEXCEPT;
-
-/* Singular value decomposition A = U * diag(S) * transpose(V); A (rows by cols) is destroyed.
- * With k = min(rows, cols): S receives k values, not negative, descending. The tens digit of the
- * decimal number job says what U is: 0 none, 1 the full rows by rows, 2 or more the thin rows by k.
- * A units digit other than 0 asks for V, cols by cols.
- * Status: 22 null A or a size of 0; 18 null S, or U or V null though asked for; 39 when one value
- * takes more than 100 passes (not-a-numbers and infinities do), with S as far as it came; 0x80001.
- * Singular values hold to a few times max(rows, cols) * 2^-52 * S[0]; U and V are orthogonal within
- * the same factor.
- * Source: Householder bidiagonalisation and implicit-shift QR after G. H. Golub and C. Reinsch,
- * Numer. Math. 14 (1970) 403, in the arrangement of LINPACK's SVDC (J. J. Dongarra et al., LINPACK
- * Users' Guide, 1979, ch. 11). */
-NUV64_API uint32_t RMatSVD(double* A, uint64_t rows, uint64_t cols, double* U, double* S, double* V,
-                           uint32_t job) NUV64_NOEXCEPT;
-
-/* RMatSVD with job 22: thin U, and V. */
-NUV64_API uint32_t RMatThinSVD(double* A, uint64_t rows, uint64_t cols, double* U, double* S,
-                               double* V) NUV64_NOEXCEPT;
-
-/* Least-squares solution from a thin decomposition: t[j] = (sum over i of U(i, j)*b[i])/S[j], 0
- * where S[j] is exactly 0, and x[j] = sum over l of V(j, l)*t[l], for the k = min(rows, cols)
- * columns that exist. b has rows elements, x has cols.
- * Status: 22 null U, S or V or a size of 0; 14 null b; 18 null x; 0x80001; 0. */
-NUV64_API uint32_t RMatSVDBacksub(const double* U, const double* S, const double* V, uint64_t rows,
-                                  uint64_t cols, const double* b, double* x) NUV64_NOEXCEPT;
+/* Reserved for reading a matrix from a text file: always status 9, "not yet implemented". */
+NUV64_API uint32_t NewRMatFromAsciFile(void) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS
 
