@@ -30,9 +30,9 @@ NUV64_API int64_t iBinomial(int64_t n, int64_t k, uint32_t* flags) NUV64_NOEXCEP
 NUV64_API int64_t iCountMultisets(int64_t n, int64_t k, uint32_t* flags) NUV64_NOEXCEPT;
 
 /* As reals. While the exact number fits 64 bits it is that, correctly rounded. Above it is
- * e^(ln n! - ln (n - k)! - ln k!) by rGammaLn, whose terms cancel: the relative error is about
- * n ln(n) last places, some 1e-13 for n up to 100 and 1e-3 for n about 1e12. An infinity above
- * ___MaxReal. */
+ * e^(ln n! - ln (n - k)! - ln k!) by rGammaLn, whose terms cancel: the relative error is up to
+ * 4*n ln(n) last places (measured), 4e-12 at n = 770, and from n = 1e14 on no digit is left. An
+ * infinity above ___MaxReal. */
 
 /* C(n, k), n and k as for iBinomial. */
 NUV64_API double riBinomial(int64_t n, int64_t k) NUV64_NOEXCEPT;
