@@ -60,7 +60,7 @@ double rAS_3_3_16(double x, double c, double b, double a) noexcept {
         return lnAbs((w - root) / (w + root)) / root;
     }
     if (discriminant < 0.0) return rAtan(w / rSqrt(-discriminant));
-    return -2.0 / w;
+    return discriminant == 0.0 ? -2.0 / w : ___NAN;
 }
 
 double rAS_3_3_19(double x, double c, double b, double a) noexcept {

@@ -127,6 +127,7 @@ double rHarmonicNumber(uint64_t n) noexcept {
 }
 
 double rStirling1(uint64_t n, uint64_t k) noexcept {
+    if (k > n) return 0.0;
     const double magnitude = ruStirling1(n, k);
     const bool isNegative = (n - k) % 2 != 0;
     if (isNoResult(magnitude)) return isNegative ? ___MnsINF : ___PlsINF;

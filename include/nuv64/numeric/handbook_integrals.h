@@ -23,7 +23,7 @@ NUV64_API double rAS_3_3_16(double x, double c, double b, double a) NUV64_NOEXCE
 
 /* 3.3.19: of x/(a x^2 + b x + c): (ln|a x^2 + b x + c| - b rAS_3_3_16)/(2a), so with its branch
  * without the factor. For a = 0: x^2/(2c) for b = 0, x/b for c = 0, else (x - c ln(|b x + c|/b))/b,
- * which is
+ * which is the integral for b = 1 alone and which is
  * ___NAN for b below 0. ___NAN when all three are 0. */
 NUV64_API double rAS_3_3_19(double x, double c, double b, double a) NUV64_NOEXCEPT;
 
