@@ -85,7 +85,8 @@ NUV64_API double rSmoothHiAndLoBoundsTaper(double x, double low, double high,
 
 /* The same with factors made so that each taper takes the fraction f of the interval: magnitudes
  * between low + f*(high - low) and high - f*(high - low) stay as they are, as long as f is at most
- * 1/2. The low factor is 1 + f*(high/low - 1), the high factor 1/(1 - f*(1 - low/high)). */
+ * 1/2. The low factor is 1 + f*(high/low - 1), the high factor 1/(1 - f*(1 - low/high)), so large
+ * magnitudes rise towards 2*(high - f*(high - low)) and not towards high. */
 NUV64_API double rSmoothIntervalTaper(double x, double low, double high, double f) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS
