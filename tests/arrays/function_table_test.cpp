@@ -42,20 +42,21 @@ std::string both(const std::string& typed, std::uint32_t expected, Wide wide, Na
 }
 
 TEST(ConTabulateRFunctionR, PrintsATable) {
-    EXPECT_EQ(both(
-                  "0\n1\n3\n3\n1", 0, [] { return ConTabulateRFunctionR(square, u"Squares"); },
-                  [] { return ConTabulateRFunctionRA(square, "Squares"); }),
-              "Squares" + kGrid + kDestination + "1\n\n x\t\t f(x) \n" + kSquares + kDots);
+    EXPECT_EQ(
+        both(
+            "0\n1\n3\n3\n1", 0, [] { return ConTabulateRFunctionR(square, u"Squares"); },
+            [] { return ConTabulateRFunctionRA(square, "Squares"); }),
+        asCaptured("Squares" + kGrid + kDestination + "1\n\n x\t\t f(x) \n" + kSquares + kDots));
     const std::string tenths = both(
         "1\n1\n100\n3\n1", 0, [] { return ConTabulateRFunctionR(std::sqrt, nullptr); },
         [] { return ConTabulateRFunctionRA(std::sqrt, nullptr); });
-    EXPECT_NE(tenths.find(" 1\t1\r\n 10"), std::string::npos) << tenths;
+    EXPECT_NE(tenths.find(asCaptured(" 1\t1\r\n 10")), std::string::npos) << tenths;
 }
 
 TEST(ConTabulateRFunctionRR, AsksForTheParameterFirst) {
     const auto expected = [](const char* columns) {
-        return "H \n   Parameter     : " + kGrid + kDestination + "1\n" + columns +
-               " 1\t2.5\r\n 2\t5\r\n 3\t7.5\r\n" + kDots;
+        return asCaptured("H \n   Parameter     : " + kGrid + kDestination + "1\n" + columns +
+                          " 1\t2.5\r\n 2\t5\r\n 3\t7.5\r\n" + kDots);
     };
     const std::string typed = "2.5\n0\n1\n3\n3\n1";
     EXPECT_EQ(both(
@@ -72,8 +73,8 @@ TEST(ConTabulateRFunctionRQ, TakesAWholeParameter) {
     EXPECT_EQ(both(
                   "3\n0\n1\n2\n2\n1", 0, [] { return ConTabulateRFunctionRQ(power, u""); },
                   [] { return ConTabulateRFunctionRQA(power, ""); }),
-              " \n   Parameter     : " + kGrid + kDestination + "1\n\n x\t\t f(x,q) \n" +
-                  " 1\t1\r\n 2\t8\r\n" + kDots);
+              asCaptured(" \n   Parameter     : " + kGrid + kDestination + "1\n\n x\t\t f(x,q) \n" +
+                         " 1\t1\r\n 2\t8\r\n" + kDots));
 }
 
 TEST(ConTabulate, RefusesWrongAnswers) {

@@ -33,6 +33,15 @@ class TypedInput {
     TempFolder folder_;
 };
 
+// A text as printedBy gives it: on Windows the test library reads what it captured as text, where
+// CR LF is a line feed.
+inline std::string asCaptured(std::string text) {
+#ifdef _WIN32
+    for (std::size_t at; (at = text.find("\r\n")) != text.npos;) text.erase(at, 1);
+#endif
+    return text;
+}
+
 // What an action writes to standard output.
 template <class Action>
 std::string printedBy(Action&& action) {

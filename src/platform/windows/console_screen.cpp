@@ -84,7 +84,7 @@ bool moveCursor(const ScreenPoint& point) {
 }
 
 void setConsoleTitle(std::u16string_view title) {
-    ::SetConsoleTitleW(wide(std::u16string(title).c_str()));
+    if (outputIsTerminal()) ::SetConsoleTitleW(wide(std::u16string(title).c_str()));
 }
 
 }  // namespace nuv64::platform
