@@ -51,13 +51,20 @@ T* newArrayCopy(std::uint32_t* err, std::uint64_t n, const T* source) noexcept {
     return copy;
 }
 
-// Upward, element by element: overlapping arrays see what was written before.
+// Upward, element by element: a destination that begins within the source sees what was written
+// before. For all others that is what memmove does.
 template <class T>
 std::uint32_t copyArray(std::uint64_t n, const T* source, T* destination) noexcept {
     if (n == 0) return kSuccess;
     if (!destination) return 18;
     if (!source) return 14;
-    for (std::uint64_t i = 0; i < n; ++i) destination[i] = source[i];
+    const std::uintptr_t distance =
+        reinterpret_cast<std::uintptr_t>(destination) - reinterpret_cast<std::uintptr_t>(source);
+    if (distance == 0 || distance >= n * sizeof(T)) {
+        std::memmove(destination, source, n * sizeof(T));
+    } else {
+        for (std::uint64_t i = 0; i < n; ++i) destination[i] = source[i];
+    }
     return kSuccess;
 }
 

@@ -12,10 +12,6 @@ namespace {
 
 constexpr uint64_t kBlock = 64;
 
-double asIs(double x) noexcept {
-    return x;
-}
-
 double magnitude(double x) noexcept {
     return x < 0.0 ? -x : x;
 }
@@ -24,25 +20,15 @@ double withSignOf(double x, double power) noexcept {
     return x < 0.0 ? -power : power;
 }
 
-double withoutSign(double, double power) noexcept {
-    return power;
-}
-
-// out = finish(x, prepare(x)^k), a block at a time.
-template <class Prepare, class Finish>
-uint32_t powerElements(uint64_t n, const double* in, double* out, int32_t k, Prepare prepare,
-                       Finish finish) noexcept {
+// The power of the magnitude, finished by finish(x, power), a block at a time.
+template <class Finish>
+uint32_t powerOfMagnitudes(uint64_t n, const double* in, double* out, int32_t k,
+                           Finish finish) noexcept {
     if (const uint32_t status = checkInOut(in, out)) return status;
-    if (k == 2) {
-        return mapElements(n, in, out, [=](double x) {
-            const double base = prepare(x);
-            return finish(x, base * base);
-        });
-    }
     double powers[kBlock];
     for (uint64_t i = 0; i < n; i += kBlock) {
         const uint64_t count = std::min(kBlock, n - i);
-        for (uint64_t j = 0; j < count; ++j) powers[j] = prepare(in[i + j]);
+        for (uint64_t j = 0; j < count; ++j) powers[j] = magnitude(in[i + j]);
         integerPowers(count, powers, powers, k);
         for (uint64_t j = 0; j < count; ++j) out[i + j] = finish(in[i + j], powers[j]);
     }
@@ -68,7 +54,9 @@ uint32_t RArrIpSignedPower(uint64_t n, double* array, double p) noexcept {
 }
 
 uint32_t RArrPowerI(uint64_t n, const double* in, double* out, int32_t k) noexcept {
-    return powerElements(n, in, out, k, asIs, withoutSign);
+    if (const uint32_t status = checkInOut(in, out)) return status;
+    integerPowers(n, in, out, k);
+    return kSuccess;
 }
 
 uint32_t RArrIpPowerI(uint64_t n, double* array, int32_t k) noexcept {
@@ -76,7 +64,7 @@ uint32_t RArrIpPowerI(uint64_t n, double* array, int32_t k) noexcept {
 }
 
 uint32_t RArrAbsPowerI(uint64_t n, const double* in, double* out, int32_t k) noexcept {
-    return powerElements(n, in, out, k, magnitude, withoutSign);
+    return powerOfMagnitudes(n, in, out, k, [](double, double power) { return power; });
 }
 
 uint32_t RArrIpAbsPowerI(uint64_t n, double* array, int32_t k) noexcept {
@@ -84,7 +72,7 @@ uint32_t RArrIpAbsPowerI(uint64_t n, double* array, int32_t k) noexcept {
 }
 
 uint32_t RArrSignedPowerI(uint64_t n, const double* in, double* out, int32_t k) noexcept {
-    return powerElements(n, in, out, k, magnitude, withSignOf);
+    return powerOfMagnitudes(n, in, out, k, withSignOf);
 }
 
 uint32_t RArrIpSignedPowerI(uint64_t n, double* array, int32_t k) noexcept {
@@ -92,7 +80,7 @@ uint32_t RArrIpSignedPowerI(uint64_t n, double* array, int32_t k) noexcept {
 }
 
 uint32_t RArrSquare(uint64_t n, const double* in, double* out) noexcept {
-    return RArrPowerI(n, in, out, 2);
+    return mapElements(n, in, out, [](double x) { return x * x; });
 }
 
 uint32_t RArrIpSquare(uint64_t n, double* array) noexcept {
@@ -100,7 +88,7 @@ uint32_t RArrIpSquare(uint64_t n, double* array) noexcept {
 }
 
 uint32_t RArrSignedSquare(uint64_t n, const double* in, double* out) noexcept {
-    return RArrSignedPowerI(n, in, out, 2);
+    return mapElements(n, in, out, [](double x) { return withSignOf(x, x * x); });
 }
 
 uint32_t RArrIpSignedSquare(uint64_t n, double* array) noexcept {

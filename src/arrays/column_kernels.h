@@ -3,27 +3,10 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
+
+#include "arrays/pairs.h"
 
 namespace nuv64 {
-
-// Two doubles in one vector register, for every compiler that builds the module. Operators work on
-// both elements alone, each rounded once.
-using Pair = double __attribute__((vector_size(16)));
-
-inline Pair loadPair(const double* from) noexcept {
-    Pair pair;
-    std::memcpy(&pair, from, sizeof pair);
-    return pair;
-}
-
-inline void storePair(double* to, Pair pair) noexcept {
-    std::memcpy(to, &pair, sizeof pair);
-}
-
-inline Pair bothOf(double x) noexcept {
-    return Pair{x, x};
-}
 
 // sums[j] = sum over i upward, from 0.0, of x[i] * y[i + j*stride], for j below count.
 void dotColumns(std::uint64_t n, const double* x, const double* y, std::uint64_t stride,

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "arrays/pairs.h"
 #include "core/guard.h"
 
 namespace nuv64 {
@@ -20,6 +21,18 @@ std::uint32_t mapElements(std::uint64_t n, const double* in, double* out,
                           Operation operation) noexcept {
     if (const std::uint32_t status = checkInOut(in, out)) return status;
     for (std::uint64_t i = 0; i < n; ++i) out[i] = operation(in[i]);
+    return kSuccess;
+}
+
+// The same for an operation on pairs, where the choices in it keep the compiler from making them
+// of single elements.
+template <class Operation>
+std::uint32_t mapElementPairs(std::uint64_t n, const double* in, double* out,
+                              Operation operation) noexcept {
+    if (const std::uint32_t status = checkInOut(in, out)) return status;
+    std::uint64_t i = 0;
+    for (; i + 2 <= n; i += 2) storePair(out + i, operation(loadPair(in + i)));
+    if (i < n) out[i] = operation(bothOf(in[i]))[0];
     return kSuccess;
 }
 

@@ -75,24 +75,27 @@ uint32_t RArrClip(uint64_t mode, uint64_t n, const double* in, double* out, doub
     if (n == 0) return kSuccess;
     if (!in) return 14;
     if (!out) return 18;
-    const double high = level;
-    const double low = -level;
+    const Pair zero = bothOf(0.0);
+    const Pair high = bothOf(level);
+    const Pair low = -high;
     switch (mode) {
         case 0:
-            return mapElements(n, in, out, [high](double x) { return x > high ? high : x; });
+            return mapElementPairs(n, in, out, [=](Pair x) { return x > high ? high : x; });
         case 1:
-            return mapElements(n, in, out, [high](double x) { return x > high ? 0.0 : x - high; });
+            return mapElementPairs(n, in, out, [=](Pair x) { return x > high ? zero : x - high; });
         case 2:
-            return mapElements(n, in, out, [high](double x) { return high > x ? high : x; });
+            return mapElementPairs(n, in, out, [=](Pair x) { return high > x ? high : x; });
         case 3:
-            return mapElements(n, in, out, [high](double x) { return high > x ? 0.0 : x - high; });
+            return mapElementPairs(n, in, out, [=](Pair x) { return high > x ? zero : x - high; });
         case 4:
-            return mapElements(n, in, out, [low, high](double x) {
+            return mapElementPairs(n, in, out, [=](Pair x) {
                 return low > x ? low : x > high ? high : x;
             });
         case 5:
-            return mapElements(n, in, out, [low, high](double x) {
-                return x >= 0.0 ? (x > high ? x - high : 0.0) : (low > x ? x + high : 0.0);
+            return mapElementPairs(n, in, out, [=](Pair x) {
+                const Pair positive = x > high ? x - high : zero;
+                const Pair negative = low > x ? x + high : zero;
+                return x >= 0.0 ? positive : negative;
             });
         default:
             return kSuccess;

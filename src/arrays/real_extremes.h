@@ -3,7 +3,8 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstring>
+
+#include "arrays/pairs.h"
 
 namespace nuv64 {
 
@@ -28,16 +29,8 @@ struct Below {
     bool operator()(double x, double best) const noexcept { return x < best; }
 };
 
-// Two elements side by side. With x > best ? x : best, whole pairs become maximum instructions,
-// which single elements in lanes don't.
-using Pair = double __attribute__((vector_size(16)));
-
-inline Pair loadPair(const double* from) noexcept {
-    Pair pair;
-    std::memcpy(&pair, from, sizeof pair);
-    return pair;
-}
-
+// With x > best ? x : best, whole pairs become maximum instructions, which single elements in lanes
+// don't.
 inline Pair measurePair(Pair x, AsIs) noexcept {
     return x;
 }

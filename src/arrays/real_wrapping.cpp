@@ -12,14 +12,15 @@ using namespace nuv64;
 
 namespace {
 
-// The fraction of x with its sign, as modf gives it, in steps that vectorise: adding and taking
-// away 2^52 rounds a magnitude below 2^52 to a whole number.
-double fraction(double x) noexcept {
+// The fraction of x with its sign, as modf gives it: adding and taking away 2^52 rounds a magnitude
+// below 2^52 to a whole number.
+Pair fraction(Pair x) noexcept {
     constexpr double kNoFraction = 4503599627370496.0;  // 2^52
-    const double size = std::fabs(x);
-    const double nearest = (size + kNoFraction) - kNoFraction;
-    const double whole = nearest > size ? nearest - 1.0 : nearest;
-    return std::copysign(size >= kNoFraction ? 0.0 : size - whole, x);
+    const Pair size = magnitudeOf(x);
+    const Pair nearest = (size + kNoFraction) - kNoFraction;
+    const Pair whole = nearest > size ? nearest - 1.0 : nearest;
+    const Pair rest = size >= kNoFraction ? bothOf(0.0) : size - whole;
+    return withSigns(rest, signsOf(x));
 }
 
 // The powers of two around |x|, between which all doubles have one spacing.
@@ -39,8 +40,9 @@ struct Binade {
 
 // Within a binade every step moves by the same amount, from the second on (a step that lies halfway
 // between two spacings depends on the parity of where it starts, and ends on an even place). So
-// many steps are one exact subtraction, as long as it stays well within the binade and short of
-// the goal, the next `room` of the way. Returns value where there are no such steps.
+// many steps are one exact addition, as long as it stays within the binade and short of the goal,
+// about `room` away; the last step before either is left out. Returns value where there are no such
+// steps.
 double takeManySteps(double value, double step, double room) noexcept {
     const Binade binade(value);
     const double first = value + step;
@@ -50,14 +52,14 @@ double takeManySteps(double value, double step, double room) noexcept {
     const bool shrinks = std::fabs(second) < std::fabs(first);
     const double inBinade =
         shrinks ? std::fabs(first) - binade.low : binade.high - std::fabs(first);
-    const double steps = std::floor(0.5 * std::min(inBinade, room) / std::fabs(moved));
+    const double steps = std::floor(std::min(inBinade, room) / std::fabs(moved)) - 1.0;
     return steps >= 2.0 && std::isfinite(steps) ? first + steps * moved : value;
 }
 
 // Adds step to value as long as value - reference is beyond the limit.
 template <class Beyond>
 double stepBack(double value, double reference, double step, double limit, Beyond beyond) noexcept {
-    constexpr int kSingleSteps = 64;
+    constexpr int kSingleSteps = 8;
     for (int count = 0; beyond(value - reference); ++count) {
         if (count >= kSingleSteps) {
             const double room = std::fabs(value - reference - limit);
@@ -91,9 +93,10 @@ uint32_t unwrap(uint64_t n, const double* in, double* out, double period, double
 }  // namespace
 
 uint32_t RArrModf(uint64_t n, const double* in, double* out, double period) noexcept {
-    return mapElements(n, in, out, [period](double x) {
-        const double wrapped = period * fraction(x / period);
-        return wrapped == period ? 0.0 : wrapped;
+    const Pair zero = bothOf(0.0);
+    return mapElementPairs(n, in, out, [period, zero](Pair x) {
+        const Pair wrapped = period * fraction(x / period);
+        return wrapped == period ? zero : wrapped;
     });
 }
 
@@ -103,8 +106,8 @@ uint32_t RArrIpModf(uint64_t n, double* array, double period) noexcept {
 
 uint32_t RArrSignedModf(uint64_t n, const double* in, double* out, double period) noexcept {
     const double half = period / 2.0;
-    return mapElements(n, in, out, [period, half](double x) {
-        const double wrapped = period * fraction(x / period);
+    return mapElementPairs(n, in, out, [period, half](Pair x) {
+        const Pair wrapped = period * fraction(x / period);
         return wrapped >= half ? wrapped - period : wrapped;
     });
 }

@@ -134,9 +134,12 @@ TEST(RealWrapping, UnwrapsStepByStep) {
             for (const OperationCase& test : cases) samples::expectPlain(test, in, kind.name);
         }
     }
-    const Values in = samples::random(samples::kLong);
-    samples::expectPlain(phaseCase(), in, "random ");
-    samples::expectPlain(unwrapCase(3.0), in, "random ");
+    Values wave(samples::kLong);
+    for (size_t i = 0; i < wave.size(); ++i) {
+        wave[i] = std::remainder(30.0 * std::sin(1e-3 * static_cast<double>(i)), 2.0 * kPi);
+    }
+    samples::expectPlain(phaseCase(), wave, "wave ");
+    samples::expectPlain(unwrapCase(2.0 * kPi), wave, "wave ");
 }
 
 TEST(RealWrapping, LongWaysGiveTheResultOfSingleSteps) {
