@@ -3,8 +3,8 @@
 #include <cmath>
 #include <utility>
 
-#include "nuv64/core/special_reals.h"
 #include "numeric/givens_rotation.h"
+#include "nuv64/core/special_reals.h"
 
 void rGivensRotation(double* a, double* b, double* c, double* s) noexcept {
     if (!a || !b || !c || !s) return;
