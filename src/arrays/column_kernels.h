@@ -22,12 +22,6 @@ inline void addScaled(std::uint64_t n, const double* __restrict x, double* __res
     for (std::uint64_t i = 0; i < n; ++i) y[i] += k * x[i];
 }
 
-// y[i] -= k * x[i].
-inline void subtractScaled(std::uint64_t n, const double* __restrict x, double* __restrict y,
-                           double k) noexcept {
-    for (std::uint64_t i = 0; i < n; ++i) y[i] -= k * x[i];
-}
-
 // x[i] := c*x[i] + s*y[i], y[i] := c*y[i] - s*x[i] with the old x[i]. Called between two rotations
 // of an iteration this costs little: the processor does it while it waits for the next one's
 // divisions.

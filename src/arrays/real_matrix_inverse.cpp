@@ -18,40 +18,44 @@ using namespace nuv64;
 
 namespace {
 
-using Words = int64_t __attribute__((vector_size(16)));
+constexpr uint64_t kMagnitudeBits = INT64_MAX;
 
-Words wordsOf(Pair pair) noexcept {
-    Words words;
-    std::memcpy(&words, &pair, sizeof words);
-    return words;
-}
-
-Pair maskedMagnitude(const double* x, const uint64_t* mask) noexcept {
-    constexpr int64_t kNoSign = INT64_MAX;
-    Words masks;
+// The magnitudes where the mask is kMagnitudeBits, 0.0 where it is 0.
+Pair maskedMagnitude(Pair x, const uint64_t* mask) noexcept {
+    using Words = uint64_t __attribute__((vector_size(16)));
+    Words words, masks;
+    std::memcpy(&words, &x, sizeof words);
     std::memcpy(&masks, mask, sizeof masks);
-    const Words words = wordsOf(loadPair(x)) & masks & Words{kNoSign, kNoSign};
-    Pair magnitude;
-    std::memcpy(&magnitude, &words, sizeof magnitude);
-    return magnitude;
+    words &= masks;
+    std::memcpy(&x, &words, sizeof x);
+    return x;
 }
 
+// Not-a-numbers in x are passed over.
 Pair greater(Pair x, Pair best) noexcept {
     return x > best ? x : best;
 }
 
-// The largest magnitude where the mask is all ones, not-a-numbers apart; 0.0 without one.
-double largestMagnitude(uint64_t n, const double* x, const uint64_t* mask) noexcept {
+// y[i] -= k * x[i]; gives the largest magnitude afterwards where the mask isn't 0, not-a-numbers
+// apart, and 0.0 without one.
+double subtractAndFindLargest(uint64_t n, const double* x, double k, const uint64_t* mask,
+                              double* y) noexcept {
+    const Pair factor = bothOf(k);
     Pair even{}, odd{};
     uint64_t i = 0;
     for (; i + 4 <= n; i += 4) {
-        even = greater(maskedMagnitude(x + i, mask + i), even);
-        odd = greater(maskedMagnitude(x + i + 2, mask + i + 2), odd);
+        const Pair first = loadPair(y + i) - factor * loadPair(x + i);
+        const Pair second = loadPair(y + i + 2) - factor * loadPair(x + i + 2);
+        storePair(y + i, first);
+        storePair(y + i + 2, second);
+        even = greater(maskedMagnitude(first, mask + i), even);
+        odd = greater(maskedMagnitude(second, mask + i + 2), odd);
     }
     even = greater(odd, even);
     double best = even[0] > even[1] ? even[0] : even[1];
     for (; i < n; ++i) {
-        const double magnitude = mask[i] ? std::fabs(x[i]) : 0.0;
+        y[i] -= k * x[i];
+        const double magnitude = mask[i] ? std::fabs(y[i]) : 0.0;
         if (magnitude > best) best = magnitude;
     }
     return best;
@@ -77,12 +81,12 @@ class Elimination {
           pivotColumns_(allocate<uint64_t>(n)),
           factors_(allocate<double>(n)),
           largest_(allocate<double>(n)) {
-        for (uint64_t i = 0; i < n; ++i) unused_[i] = UINT64_MAX;
+        for (uint64_t i = 0; i < n; ++i) unused_[i] = kMagnitudeBits;
     }
 
     uint32_t run() noexcept {
         double largest = 0.0;
-        for (uint64_t c = 0; c < n_; ++c) findLargest(c);
+        for (uint64_t c = 0; c < n_; ++c) largest_[c] = largestOf(n_, a_ + c * n_);
         for (uint64_t step = 0; step < n_; ++step) {
             const Pivot pivot = findPivot();
             if (!pivot.found()) return 26;
@@ -98,8 +102,10 @@ class Elimination {
     }
 
   private:
-    void findLargest(uint64_t c) noexcept {
-        largest_[c] = largestMagnitude(n_, a_ + c * n_, unused_.get());
+    static double largestOf(uint64_t n, const double* x) noexcept {
+        double best = 0.0;
+        for (uint64_t i = 0; i < n; ++i) best = std::fabs(x[i]) > best ? std::fabs(x[i]) : best;
+        return best;
     }
 
     // The largest magnitude among the unused rows and columns. Of equal ones the one that is last
@@ -136,18 +142,19 @@ class Elimination {
         pivotColumn[j] = 1.0;
         eliminateInColumn(pivotColumn, j, j, scale);
         for (uint64_t c = 0; c < n_; ++c) {
-            if (c == j) continue;
-            eliminateInColumn(a_ + c * n_, i, j, scale);
-            if (unused_[c]) findLargest(c);
+            if (c != j) largest_[c] = eliminateInColumn(a_ + c * n_, i, j, scale);
         }
         for (uint64_t c = 0; c < m_; ++c) eliminateInColumn(b_ + c * n_, i, j, scale);
     }
 
-    void eliminateInColumn(double* column, uint64_t i, uint64_t j, double scale) const noexcept {
+    // Gives the largest magnitude in the unused rows.
+    double eliminateInColumn(double* column, uint64_t i, uint64_t j, double scale) const noexcept {
         std::swap(column[i], column[j]);
         const double scaled = column[j] * scale;
-        subtractScaled(n_, factors_.get(), column, scaled);
+        const double largest =
+            subtractAndFindLargest(n_, factors_.get(), scaled, unused_.get(), column);
         column[j] = scaled;
+        return largest;
     }
 
     void restoreColumns() noexcept {
@@ -162,8 +169,7 @@ class Elimination {
     uint64_t n_;
     double* b_;
     uint64_t m_;
-    Owned<uint64_t>
-        unused_;  // of each column, and of the row that its pivot came to: all ones or 0
+    Owned<uint64_t> unused_;  // of each column, and of the row that its pivot came to: a mask
     Owned<uint64_t> pivotRows_;
     Owned<uint64_t> pivotColumns_;
     Owned<double> factors_;

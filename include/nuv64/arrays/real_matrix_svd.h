@@ -25,10 +25,11 @@ NUV64_API uint32_t RMatSVD(double* A, uint64_t rows, uint64_t cols, double* U, d
 NUV64_API uint32_t RMatThinSVD(double* A, uint64_t rows, uint64_t cols, double* U, double* S,
                                double* V) NUV64_NOEXCEPT;
 
-/* Rebuilds the rows by cols matrix of a full decomposition (U rows by rows): out = U * T of the
- * inner size k = min(rows, cols), where T is transpose(V) with diag(S) from the left, taken as k by
- * k. The transpose is cols by cols, so that this gives the matrix back for rows >= cols only; U
- * enters with its first k columns, so that a thin U will do too. out must not overlap an input.
+/* Rebuilds the rows by cols matrix of a full decomposition (U rows by rows), with the inner size
+ * k = min(rows, cols): T = transpose(V), the first k*k elements of T taken as k by k and their rows
+ * scaled by S, out = U * T with T taken as k by cols. T is cols by cols, so that this gives the
+ * matrix back for rows >= cols only. U enters with its first k columns, so that a thin U will do
+ * too. out must not overlap an input.
  * Status: 22 null U, S or V; 18 null out; 14 for a size of 0; 0x80001; 0. */
 NUV64_API uint32_t RMatFromSVD(double* out, uint64_t rows, uint64_t cols, const double* U,
                                const double* S, const double* V) NUV64_NOEXCEPT;
