@@ -131,6 +131,11 @@ TEST(Means, ModifiedMeanGivesThePerimeterOfTheEllipse) {
     EXPECT_NEAR(rMeanAGM(24.0, 6.0), 13.458171481725615, 1e-14);
 }
 
+TEST(Means, HarmonicMeanOfVanishingNumbersHasNoSign) {
+    EXPECT_FALSE(std::signbit(rMeanH(-kTiny, -kTiny)));
+    EXPECT_FALSE(std::signbit(rMeanH(-0.0, -1.0)));
+}
+
 TEST(Means, HeronsFamily) {
     EXPECT_TRUE(answers(kNoResult, rMeanHeroK(1, 4, 0)));
     EXPECT_EQ(rMeanHeroK(1, 4, 1), 2.5);

@@ -56,7 +56,7 @@ TEST(SoftSteps, Edges) {
     EXPECT_EQ(rSoftStepUpG(0.0, 1.0, 0.5), 0.5);
     EXPECT_EQ(rSoftStepUpG(0.0, 1.0, 0.75), 0.0);
     EXPECT_EQ(rSoftStepUpG(1.0, 1.0, kQuiet), rSoftStepUpG(1.0, 1.0, 0.0));
-    EXPECT_EQ(rSoftStepDownG(-100.0, 1.0), 1.0);  // below the floor of 0.01
+    EXPECT_EQ(rSoftStepDownG(-100.0, 1.0), 1.0);
 }
 
 TEST(SoftSteps, RiseAndMirror) {
@@ -113,8 +113,7 @@ TEST(SoftWindows, Edges) {
     EXPECT_EQ(rBumpL(2.0, 2.0, 1.0), 0.5);
     EXPECT_EQ(rBumpG(2.0, 2.0, 1.0, 0.0), 0.5);
     EXPECT_EQ(rBumpG(2.0, 2.0, 1.0, 0.6), 0.0);
-    // Below 0.01 before both transforms, whatever the floor is.
-    EXPECT_EQ(rBumpG(11.2, 2.0, 1.0, 0.0), 0.0);
+    EXPECT_EQ(rBumpG(1.0 + std::sqrt(99.1), 2.0, 1.0, 0.0), 0.0);
     EXPECT_GT(rSoftEdgedRectG(11.2, -1.0, 1.0, 1.0, 1.0, 0.0), 0.0);
     EXPECT_NEAR(rBumpG(1.0 + std::sqrt(0.5), 2.0, 1.0, 0.0), std::exp2(1.0 - std::sqrt(2.0)),
                 1e-15);
@@ -165,10 +164,11 @@ TEST(Thresholds, Edges) {
     // The dead zone around mid, the cuts far away.
     EXPECT_EQ(rThresholdL(2.0019, 1.0, 2.0, 3.0, 3.0), 0.5);
     EXPECT_GT(rThresholdL(2.0021, 1.0, 2.0, 3.0, 3.0), 0.5);
-    EXPECT_EQ(rThresholdL(1003.0, 1.0, 2.0, 3.0, 3.0), 1.0);
-    EXPECT_LT(rThresholdL(1001.0, 1.0, 2.0, 3.0, 3.0), 1.0);
-    EXPECT_EQ(rThresholdL(0.00199, 1.0, 2.0, 3.0, 3.0), 0.0);
-    EXPECT_GT(rThresholdL(0.00201, 1.0, 2.0, 3.0, 3.0), 0.0);
+    EXPECT_EQ(rThresholdL(2.00199, 1.0, 2.0, 3.0, 3.0), 0.5);
+    EXPECT_EQ(rThresholdL(1002.1, 1.0, 2.0, 3.0, 3.0), 1.0);
+    EXPECT_LT(rThresholdL(1001.9, 1.0, 2.0, 3.0, 3.0), 1.0);
+    EXPECT_EQ(rThresholdL(0.001998, 1.0, 2.0, 3.0, 3.0), 0.0);
+    EXPECT_GT(rThresholdL(0.001999, 1.0, 2.0, 3.0, 3.0), 0.0);
     for (const double x : {0.0, -1.0, -kInf}) EXPECT_EQ(rThresholdL(x, 1.0, 2.0, 3.0, 3.0), 0.0);
     EXPECT_EQ(rThresholdL(kInf, 1.0, 2.0, 3.0, 3.0), 1.0);
     EXPECT_EQ(rThresholdL(kQuiet, 1.0, 2.0, 3.0, 3.0), 0.5);
@@ -210,6 +210,8 @@ TEST(Tapers, Edges) {
     EXPECT_EQ(rSmoothLoBoundTaper(0.0, 1.5, 3.0), 1.5);
     EXPECT_EQ(rSmoothLoBoundTaper(-0.0, 1.5, 3.0), 1.5);
     EXPECT_EQ(rSmoothLoBoundTaper(4.6, 1.5, 3.0), 4.6);
+    EXPECT_EQ(rSmoothLoBoundTaper(4.5001, 1.5, 3.0), 4.5001);
+    EXPECT_GT(rSmoothLoBoundTaper(4.4999, 1.5, 3.0), 4.4999);
     EXPECT_EQ(rSmoothLoBoundTaper(4.5, 1.5, 3.0), 4.5);
     EXPECT_EQ(rSmoothLoBoundTaper(0.7, 0.0, 3.0), 0.7);
     EXPECT_TRUE(std::isnan(rSmoothLoBoundTaper(0.0, 0.0, 3.0)));
