@@ -19,6 +19,8 @@ endif()
 add_library(nuv64_options INTERFACE)
 # Results are fixed to the last bit: no contraction, no fast-math, on any compiler.
 target_compile_options(nuv64_options INTERFACE -ffp-contract=off -fno-math-errno)
+# No program puts functions of its own into the place of exports: a source may inline its own ones.
+target_compile_options(nuv64_options INTERFACE -fno-semantic-interposition)
 target_compile_options(nuv64_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
     $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>)

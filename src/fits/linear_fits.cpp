@@ -9,7 +9,6 @@
 #include "fits/residual_norm.h"
 #include "nuv64/arrays/real_array.h"
 #include "nuv64/arrays/real_matrix_inverse.h"
-#include "nuv64/arrays/real_matrix_svd.h"
 #include "nuv64/numeric/chebyshev.h"
 #include "nuv64/numeric/real_special.h"
 
@@ -151,28 +150,6 @@ uint32_t RationalFit(uint64_t numeratorTerms, uint64_t denominatorTerms, double*
                              y[i], weights[i]);
         }
         return RMatInvert(matrix.get(), terms, coefs, 1);
-    });
-}
-
-uint32_t SolveLinearSystemBySVD(const double* A, double* x, const double* b, uint64_t rows,
-                                uint64_t cols, double threshold) noexcept {
-    if (!A || !b) return 14;
-    if (!x) return 18;
-    if (rows == 0 || cols == 0) return 22;
-    return guardStatus([&] {
-        const uint64_t size = matrixSize(rows, cols);
-        const uint64_t values = std::min(rows, cols);
-        const Owned<double> a = allocate<double>(size);
-        const Owned<double> u = allocate<double>(matrixSize(rows, values));
-        const Owned<double> s = allocate<double>(values);
-        const Owned<double> v = allocate<double>(matrixSize(cols, cols));
-        RArrCopy(size, A, a.get());
-        const uint32_t status = RMatThinSVD(a.get(), rows, cols, u.get(), s.get(), v.get());
-        if (status != kSuccess) return status;
-        for (uint64_t k = 1; k < values; ++k) {
-            if (threshold * s[0] > s[k]) s[k] = 0.0;
-        }
-        return RMatSVDBacksub(u.get(), s.get(), v.get(), rows, cols, b, x);
     });
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "arrays/array_samples.h"
+#include "nuv64/arrays/real_matrix_svd.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/chebyshev.h"
 #include "nuv64/numeric/real_elementary.h"
@@ -207,55 +208,6 @@ TEST(RationalFit, Arguments) {
     EXPECT_EQ(RationalFit(2, UINT64_MAX, coefs, 3, x, x, x, power), 0x80001u);
     EXPECT_EQ(RationalFit(3, 0, coefs, 3, x, x, x, power), 0u);
     EXPECT_EQ(RationalFit(0, 3, coefs, 3, x, x, x, power), 0u);
-}
-
-// --- linear systems
-
-TEST(LinearSystem, SolvesAndLeavesItsInputAlone) {
-    for (auto [rows, cols] :
-         {std::pair<uint64_t, uint64_t>{1, 1}, {4, 4}, {9, 4}, {4, 9}, {30, 20}}) {
-        const auto a = samples::random(rows * cols, 1), wanted = samples::random(cols, 2);
-        Values b(rows, 0.0), x(cols, 7.0), back(rows, 0.0);
-        for (uint64_t c = 0; c < cols; ++c) {
-            for (uint64_t r = 0; r < rows; ++r) b[r] += a[r + c * rows] * wanted[c];
-        }
-        const auto a0 = a, b0 = b;
-        ASSERT_EQ(SolveLinearSystemBySVD(a.data(), x.data(), b.data(), rows, cols, 0.0), 0u);
-        EXPECT_EQ(a, a0);
-        EXPECT_EQ(b, b0);
-        for (uint64_t c = 0; c < cols; ++c) {
-            for (uint64_t r = 0; r < rows; ++r) back[r] += a[r + c * rows] * x[c];
-        }
-        for (uint64_t r = 0; r < rows; ++r) EXPECT_NEAR(back[r], b[r], 1e-10);
-        if (rows >= cols) {
-            for (uint64_t c = 0; c < cols; ++c) EXPECT_NEAR(x[c], wanted[c], 1e-11);
-        }
-    }
-}
-
-TEST(LinearSystem, TheThresholdDropsSmallSingularValues) {
-    const double a[] = {4, 0, 0, 0, 2, 0, 0, 0, 1}, b[] = {4, 4, 4};
-    double x[3];
-    EXPECT_EQ(SolveLinearSystemBySVD(a, x, b, 3, 3, 0.0), 0u);
-    EXPECT_THAT(x, testing::ElementsAre(1, 2, 4));
-    EXPECT_EQ(SolveLinearSystemBySVD(a, x, b, 3, 3, 0.5), 0u);
-    EXPECT_THAT(x, testing::ElementsAre(1, 2, 0));
-    EXPECT_EQ(SolveLinearSystemBySVD(a, x, b, 3, 3, 1.0), 0u);
-    EXPECT_THAT(x, testing::ElementsAre(1, 0, 0));
-    EXPECT_EQ(SolveLinearSystemBySVD(a, x, b, 3, 3, samples::kQuietNan), 0u);
-    EXPECT_THAT(x, testing::ElementsAre(1, 2, 4));
-}
-
-TEST(LinearSystem, Arguments) {
-    double a[] = {1, 0, 0, 1}, x[2] = {};
-    EXPECT_EQ(SolveLinearSystemBySVD(nullptr, x, x, 2, 2, 0.0), 14u);
-    EXPECT_EQ(SolveLinearSystemBySVD(a, nullptr, nullptr, 2, 2, 0.0), 14u);
-    EXPECT_EQ(SolveLinearSystemBySVD(a, nullptr, x, 2, 2, 0.0), 18u);
-    EXPECT_EQ(SolveLinearSystemBySVD(a, x, x, 0, 2, 0.0), 22u);
-    EXPECT_EQ(SolveLinearSystemBySVD(a, x, x, 2, 0, 0.0), 22u);
-    EXPECT_EQ(SolveLinearSystemBySVD(a, x, x, uint64_t{1} << 32, uint64_t{1} << 32, 0.0), 0x80001u);
-    const double broken[] = {1, samples::kQuietNan, 0, 1};
-    EXPECT_EQ(SolveLinearSystemBySVD(broken, x, a, 2, 2, 0.0), 39u);
 }
 
 // --- residual norms

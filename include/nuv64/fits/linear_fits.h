@@ -53,16 +53,6 @@ NUV64_API uint32_t RationalFit(uint64_t numeratorTerms, uint64_t denominatorTerm
                                uint64_t n, const double* x, const double* y, const double* weights,
                                double (*basis)(double x, uint64_t k)) NUV64_NOEXCEPT;
 
-/* The least-squares solution x (cols elements) of A*x = b, A being rows by cols and b having rows
- * elements; of many solutions the shortest. A singular value S[k], k above 0, for which
- * threshold*S[0] > S[k], counts as 0; so a threshold of 0 keeps all, and a singular system then
- * gives large numbers. A and b are not changed.
- * Status: 14 null A or b; 18 null x; 22 a size of 0; 39 no convergence (not-a-numbers); 0x80001;
- * 0. */
-NUV64_API uint32_t SolveLinearSystemBySVD(const double* A, double* x, const double* b,
-                                          uint64_t rows, uint64_t cols,
-                                          double threshold) NUV64_NOEXCEPT;
-
 /* What one residual adds to a fit's score. d = |observed - model|, and a d of 0 stays 0. With
  * 0x100 in flags d is divided by |observed|, or by half of |model| where observed is 0. The low
  * byte of flags then chooses: 1 and 5 d, 2 sqrt(d), 3 d^3, 4 d^4, all others d^2. Fits add these
