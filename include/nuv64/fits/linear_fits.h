@@ -1,5 +1,5 @@
-/* Fits with a closed form: the straight line, linear combinations of basis functions, a quotient of
- * two such combinations, and the least-squares solution of a linear system.
+/* Fits with a closed form: the straight line, linear combinations of basis functions, and a
+ * quotient of two such combinations.
  *
  * Arrays belong to the caller. Points are used as they are, except by LinearRegression: a
  * not-a-number among them makes a fit singular (26) or its results not-a-numbers. The fits on a
