@@ -1,6 +1,7 @@
 #include "nuv64/arrays/array_powers.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "arrays/element_loops.h"
 #include "arrays/integer_powers.h"
@@ -11,10 +12,6 @@ using namespace nuv64;
 namespace {
 
 constexpr uint64_t kBlock = 64;
-
-double magnitude(double x) noexcept {
-    return x < 0.0 ? -x : x;
-}
 
 double withSignOf(double x, double power) noexcept {
     return x < 0.0 ? -power : power;
@@ -28,7 +25,7 @@ uint32_t powerOfMagnitudes(uint64_t n, const double* in, double* out, int32_t k,
     double powers[kBlock];
     for (uint64_t i = 0; i < n; i += kBlock) {
         const uint64_t count = std::min(kBlock, n - i);
-        for (uint64_t j = 0; j < count; ++j) powers[j] = magnitude(in[i + j]);
+        for (uint64_t j = 0; j < count; ++j) powers[j] = std::fabs(in[i + j]);
         integerPowers(count, powers, powers, k);
         for (uint64_t j = 0; j < count; ++j) out[i + j] = finish(in[i + j], powers[j]);
     }
