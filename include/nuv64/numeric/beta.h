@@ -1,5 +1,6 @@
 /* The beta function and its logarithm, of two and of more arguments. The logarithms are sums of ln
- * Gamma and lose the digits that cancel: their error is a few ulps of the largest term. */
+ * Gamma and lose the digits that cancel: their error is up to 2.4 ulps of the sum of the terms'
+ * magnitudes (19 or x ln x each). */
 #ifndef NUV64_NUMERIC_BETA_H
 #define NUV64_NUMERIC_BETA_H
 
@@ -10,7 +11,8 @@ NUV64_BEGIN_DECLS
 /* B(a, b) = Gamma(a) Gamma(b)/Gamma(a + b) (Abramowitz and Stegun 6.2.2), of reals of any sign. The
  * arguments are put in order and the large factors kept apart, but where a gamma function
  * overflows, for a or b above 171.62, the result is ___NAN; so use rBetaLn there. A not-a-number or
- * an infinity where a or b is 0 or a negative integer. */
+ * an infinity where a or b is 0 or a negative integer. Measured up to 1200 ulps for arguments to
+ * 100, about the sum of the three x ln x. */
 NUV64_API double rBeta(double a, double b) NUV64_NOEXCEPT;
 
 /* ln B(a, b) for positive arguments; ___NAN when one is below 2*___MinReal. */

@@ -12,43 +12,48 @@
 
 NUV64_BEGIN_DECLS
 
-/* erf(x) and erfc(x) = 1 - erf(x) (Abramowitz and Stegun 7.1.1, 7.1.2), the C runtime's. */
+/* erf(x) and erfc(x) = 1 - erf(x) (Abramowitz and Stegun 7.1.1, 7.1.2), the C runtime's: within one
+ * ulp and, for erfc, two on Linux. */
 NUV64_API double rErf(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfc(double x) NUV64_NOEXCEPT;
 
 /* Fast forms by Abramowitz and Stegun 7.1.26. The absolute error is below 1.5e-7, so erf has few
- * digits near 0, where it gives 1e-9 instead of 0, and erfc loses them slowly for large x. */
+ * digits near 0, where it gives 1e-9 instead of 0, and erfc loses its digits for large x. The
+ * largest absolute error measured is 1.4e-7. */
 NUV64_API double rErfFast(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfcFast(double x) NUV64_NOEXCEPT;
 
 /* The inverse of erf, for |x| below 1; ___NAN else. By the two single-precision polynomials of M.
  * Giles, Approximating the erfinv function (GPU Computing Gems, Jade Edition, 2012), one for the
  * middle and one, in the root of -ln(1 - x^2), from there on. Both names are one routine: there is
- * no better one. */
+ * no better one. The relative error is below 1.3e-7 for |x| up to 1 - 1e-7, and then grows: to 7%
+ * at 1 - 2^-53. */
 NUV64_API double rErfInvFast(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfInv(double x) NUV64_NOEXCEPT;
 
 /* e^(-x^2)/sqrt(pi) + x erf(x), and -e^(-x^2)/sqrt(pi) + x erfc(x): antiderivatives of erf and
- * erfc. The second cancels for positive x: its error is a few ulps of x erfc(x). */
+ * erfc. The second cancels for positive x: its error is a few ulps of x erfc(x). The first is
+ * within 1.4 ulps. */
 NUV64_API double rErfA(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfcA(double x) NUV64_NOEXCEPT;
 
 /* The first and second derivatives: 2 e^(-x^2)/sqrt(pi) and -4 x e^(-x^2)/sqrt(pi) for erf, their
- * negatives for erfc. 0 for |x| above 26.64. */
+ * negatives for erfc. 0 for |x| above 26.64; beyond 1e308 the second derivatives are not-a-numbers.
+ * Within 2 + 0.7x^2 ulps. */
 NUV64_API double rErfD(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfD2(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfcD(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfcD2(double x) NUV64_NOEXCEPT;
 
 /* erfi(x) = -i erf(ix), made as 2 F(x) e^(x^2)/sqrt(pi) with Dawson's integral F, and its first and
- * second derivative. */
+ * second derivative. Within 60 + 0.7x^2 ulps, the derivatives within 2 + 0.7x^2. */
 NUV64_API double rErfi(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfiD(double x) NUV64_NOEXCEPT;
 NUV64_API double rErfiD2(double x) NUV64_NOEXCEPT;
 
-/* w(ix) = e^(x^2) erfc(x), the Faddeeva function on the imaginary axis (Abramowitz and
- * Stegun 7.1.3), and its derivative 2 x w(ix) - 2/sqrt(pi), which cancels for large x. ___NAN for
- * |x| above 26.64. */
+/* w(ix) = e^(x^2) erfc(x), the Faddeeva function on the imaginary axis (Abramowitz and Stegun
+ * 7.1.3), and its derivative 2 x w(ix) - 2/sqrt(pi), which cancels for large x. ___NAN for |x|
+ * above 26.64. Within 5 + 0.7x^2 ulps. */
 NUV64_API double rFaddeevaIw(double x) NUV64_NOEXCEPT;
 NUV64_API double rFaddeevaIwD(double x) NUV64_NOEXCEPT;
 

@@ -5,7 +5,9 @@
  * distance from the nearest integer before the sine, so that integers are met exactly and a small x
  * of either sign keeps its digits. A not-a-number and minus infinity give ___NAN.
  *
- * Errors are in units in the last place (ulps) and were measured against 50 digits. */
+ * Errors are in units in the last place (ulps), measured against 50 digits. What limits them is the
+ * sum behind ln Gamma: T(x), its largest term, is 19 for x below 8.5 and x ln x above; by
+ * reflection it is that of 1 - x. */
 #ifndef NUV64_NUMERIC_GAMMA_H
 #define NUV64_NUMERIC_GAMMA_H
 
@@ -17,35 +19,40 @@ NUV64_BEGIN_DECLS
  * at infinity and for |x| at or below ___MinReal/pi; an infinity from 2.56e305 on.
  *
  * From x = 8.5 on by Stirling's formula with its continued fraction (Abramowitz and Stegun 6.1.40
- * and 6.1.48, six levels); a smaller x is raised by the recurrence first. */
+ * and 6.1.48, six levels); a smaller x is raised by the recurrence first. The absolute error is
+ * below 2.1*2^-52*(T + |ln Gamma|), so relative digits are lost near the zeros at 1 and 2. */
 NUV64_API double rGammaLn(double x) NUV64_NOEXCEPT;
 
 /* Gamma(x) as e^rGammaLn(x). ___NAN where it overflows, above x = 171.62; an infinity at 0 and at
  * the negative integers down to -170. Below -170.6 the magnitude is under the range of the
- * reflection and the result is ___NAN too. */
+ * reflection and the result is ___NAN too. Within 2.3*(1 + T) ulps: 46 for x below 8.5, 1000 at
+ * 170. */
 NUV64_API double rGamma(double x) NUV64_NOEXCEPT;
 
 /* 1/Gamma(x), an entire function: 0 at 0, at the negative integers, and above x = 171.62. For
- * negative x beyond the range the result is an infinity of the right sign. */
+ * negative x beyond the range the result is an infinity of the right sign. Accuracy of rGamma. */
 NUV64_API double r1DivGamma(double x) NUV64_NOEXCEPT;
 
 /* Gamma(x) - 1/x, regular at 0, where it is minus Euler's constant. Below ___Root4EpsReal in
- * magnitude by six Taylor terms about 0, */
+ * magnitude by six Taylor terms about 0, within one ulp; beyond as the difference, whose error is
+ * that of rGamma and so up to 1e6 ulps just above. */
 NUV64_API double rGammaT1(double x) NUV64_NOEXCEPT;
 
 /* ln Gamma(1 + x)/x, regular at 0, where it is minus Euler's constant. Below ___Root4EpsReal in
- * magnitude by six Taylor terms about 0 (Abramowitz and Stegun 6.1.33), */
+ * magnitude by six Taylor terms about 0 (Abramowitz and Stegun 6.1.33), within one ulp; beyond as
+ * the quotient, up to 3e5 ulps just above. */
 NUV64_API double rGammaLnT1(double x) NUV64_NOEXCEPT;
 
 /* 1/(x Gamma(x - n)), regular at x = 0 for n from 0 on; for n below 0 it has a pole there, which
  * gives an infinity. By 1/Gamma for n up to 0, by steps down to n = 10 and by reflection above:
  * there it is (-1)^n Gamma(n + 1 - x)/(Gamma(1 - x) Gamma(1 + x)), ___NAN where a gamma overflows.
- */
+ * Within 2.4*(1 + T(x - n)) ulps. */
 NUV64_API double r1DivGammaT1(double x, int64_t n) NUV64_NOEXCEPT;
 
 /* The first and second derivative of Gamma: psi(x) Gamma(x) and (psi'(x) + psi(x)^2) Gamma(x)
- * (Abramowitz and Stegun 6.3.1, 6.4.1). Not-a-numbers where rGamma is, infinities or
- * not-a-numbers at its poles. */
+ * (Abramowitz and Stegun 6.3.1, 6.4.1). Not-a-numbers where rGamma is, infinities or not-a-numbers
+ * at its poles. Accuracy of rGamma for x above 0.1, but for the first one around its zero at
+ * 1.4616; below, that of the digamma functions enters. */
 NUV64_API double rGammaD(double x) NUV64_NOEXCEPT;
 NUV64_API double rGammaD2(double x) NUV64_NOEXCEPT;
 

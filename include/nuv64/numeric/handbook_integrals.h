@@ -2,8 +2,8 @@
  * Mathematical Functions. x is the variable, what follows are the parameters; each is one
  * antiderivative, without a constant. Logarithms are of magnitudes; where one is of zero the result
  * is ___NAN. A not-a-number or infinite argument gives what IEEE arithmetic makes of the formula.
- * Errors are a few ulps of the largest term, beyond the rounding of linear and quadratic forms that
- * cancel. */
+ * Errors are a few units in the last place of the largest term, beyond the rounding of linear and
+ * quadratic forms that cancel. */
 #ifndef NUV64_NUMERIC_HANDBOOK_INTEGRALS_H
 #define NUV64_NUMERIC_HANDBOOK_INTEGRALS_H
 
@@ -23,12 +23,12 @@ NUV64_API double rAS_3_3_16(double x, double c, double b, double a) NUV64_NOEXCE
 
 /* 3.3.19: of x/(a x^2 + b x + c): (ln|a x^2 + b x + c| - b rAS_3_3_16)/(2a), so with its branch
  * without the factor. For a = 0: x^2/(2c) for b = 0, x/b for c = 0, else (x - c ln(|b x + c|/b))/b,
- * which is the integral for b = 1 alone and which is
- * ___NAN for b below 0. ___NAN when all three are 0. */
+ * which is the integral for b = 1 alone and which is ___NAN for b below 0. ___NAN when all three
+ * are 0. */
 NUV64_API double rAS_3_3_19(double x, double c, double b, double a) NUV64_NOEXCEPT;
 
-/* 3.3.20: of 1/((a x + b)(c x + d)): ln|(c x + d)/(a x + b)|/v with v = bc - ad. For v = 0:
- * -1/(c (a x + b)), x/(b d) for a = c = 0, and ___NAN for c = 0 alone. */
+/* 3.3.20: of 1/((a x + b)(c x + d)): ln|(c x + d)/(a x + b)|/v with v = bc - ad. For v = 0: -1/(c
+ * (a x + b)), x/(b d) for a = c = 0, and ___NAN for c = 0 alone. */
 NUV64_API double rAS_3_3_20(double x, double a, double b, double c, double d) NUV64_NOEXCEPT;
 
 /* 3.3.21: of 1/(a^2 + b^2 x^2): rAtanXY(a, b x)/(a b). x/a^2 for b = 0, -1/(b^2 x) for a = 0,
@@ -45,11 +45,10 @@ NUV64_API double rAS_3_3_22(double x, double a, double b) NUV64_NOEXCEPT;
  * else. ___NAN for a = 0. */
 NUV64_API double rAS_3_3_33(double x, double c, double b, double a) NUV64_NOEXCEPT;
 
-/* 4.1.51: for x^n (ln x)^m: x^(n+1)/(n + 1) for m = 0, else, with v = n + 1,
- * -x^v m! rExpt(-v ln x, m)/(-v)^(m+1). rExpt divides by the plain index and not by its factorial,
- * so the result is the integral only for m up to 2; it is kept with rExpt. 0 for x = 0; ___NAN for
- * x below 0, infinite or not a number, and no number for m above 170, where m!
- * overflows. */
+/* 4.1.51: for x^n (ln x)^m: x^(n+1)/(n + 1) for m = 0, else, with v = n + 1, -x^v m! rExpt(-v ln x,
+ * m)/(-v)^(m+1). rExpt divides by the plain index and not by its factorial, so the result is the
+ * integral only for m up to 2; it is kept with rExpt. 0 for x = 0; ___NAN for x below 0, infinite
+ * or not a number, and no number for m above 170, where m! overflows. */
 NUV64_API double rAS4_1_51(double x, uint64_t n, uint64_t m) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS
