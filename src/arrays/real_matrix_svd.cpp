@@ -26,7 +26,7 @@ namespace {
 
 constexpr uint32_t kNoConvergence = 39;
 constexpr uint64_t kMostElements = UINT64_MAX / 64;  // no matrix has more
-constexpr uint64_t kMostPasses = 100;  // for each singular value
+constexpr uint64_t kMostPasses = 100;                // for each singular value
 
 // The rotation that turns (a, b) onto the first axis; a becomes the length, never negative.
 GivensRotation turnOntoAxis(double* a, double b) noexcept {
