@@ -31,21 +31,23 @@ std::vector<OperationCase> moves() {
              }}};
 }
 
+__extension__ using Wide = __int128;
+
 // The place that element i comes from, for any k: by 128-bit arithmetic.
 Values plainRotate(const Values& in, int64_t k) {
-    const __int128 n = static_cast<__int128>(in.size());
+    const Wide n = static_cast<Wide>(in.size());
     Values out(in.size());
-    for (__int128 i = 0; i < n; ++i) {
+    for (Wide i = 0; i < n; ++i) {
         out[static_cast<size_t>(((i + k) % n + n) % n)] = in[static_cast<size_t>(i)];
     }
     return out;
 }
 
 Values plainShift(const Values& in, int64_t k, bool repeat) {
-    const __int128 n = static_cast<__int128>(in.size());
+    const Wide n = static_cast<Wide>(in.size());
     Values out(in.size());
-    for (__int128 i = 0; i < n; ++i) {
-        const __int128 from = i - k;
+    for (Wide i = 0; i < n; ++i) {
+        const Wide from = i - k;
         double& x = out[static_cast<size_t>(i)];
         if (from >= 0 && from < n) {
             x = in[static_cast<size_t>(from)];

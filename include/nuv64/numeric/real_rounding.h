@@ -20,8 +20,8 @@ NUV64_API double rTrunc(double x) NUV64_NOEXCEPT;
  * infinity has the fraction 0 with its sign. */
 NUV64_API double rModf(double x, double* whole) NUV64_NOEXCEPT;
 
-/* The remainder of x/y towards zero, x - y*rTrunc(x/y) without a rounding, with the sign of x; the C
- * runtime's. A not-a-number for y = 0 and for an infinite x; x itself for an infinite y. */
+/* The remainder of x/y towards zero, x - y*rTrunc(x/y) without a rounding, with the sign of x; the
+ * C runtime's. A not-a-number for y = 0 and for an infinite x; x itself for an infinite y. */
 NUV64_API double rFmod(double x, double y) NUV64_NOEXCEPT;
 
 /* Rounding to an integer with a report.
