@@ -2,9 +2,9 @@
 // that a loop over the bytes finds. The first byte sizes the window.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -53,22 +53,36 @@ void readFromMemory(const std::string& content, const std::vector<Line>& lines) 
     require(source.next(text) == 0 && text.empty());
 }
 
-// One file for the whole run, in a place of its own.
-const std::u16string& filePath() {
-    static const std::u16string path =
-        (std::filesystem::temp_directory_path() /
-         ("nuv64_lines_fuzz_" + std::to_string(std::hash<const void*>()(&path))))
-            .u16string();
-    return path;
-}
+// One file for the whole run, in a place of its own, written over and cut each time: file systems
+// take long over files that are made anew.
+class File {
+  public:
+    File()
+        : path_((std::filesystem::temp_directory_path() /
+                 ("nuv64_lines_fuzz_" + std::to_string(std::random_device()())))
+                    .u16string()),
+          handle_(FileOpen(path_.c_str(), 1 | 0x80)) {}
+    ~File() {
+        FileClose(&handle_, 0);
+        FileDelete(path_.c_str());
+    }
+    const std::u16string& path() const { return path_; }
+    void write(const std::string& content) {
+        require(FileRewind(handle_, nullptr) == 1);
+        require(FileWriteBinary(handle_, content.data(), content.size()));
+        require(FileTruncate(handle_));
+    }
+
+  private:
+    std::u16string path_;
+    std::int64_t handle_;
+};
 
 void readFromFile(const std::string& content, const std::vector<Line>& lines, std::int64_t limit) {
-    std::int64_t handle = FileOpen(filePath().c_str(), 1 | 16);
-    if (handle == -1) return;
-    require(FileWriteBinary(handle, content.data(), content.size()));
-    FileClose(&handle, 0);
-    cKoFile file(filePath().c_str(), nullptr, nullptr);
-    require(file.OpenExisting(0, 0));
+    static File written;
+    written.write(content);
+    cKoFile file(written.path().c_str(), nullptr, nullptr);
+    require(file.OpenExisting(0x80, 0));
     file.windowLimit = limit;
     char* text = nullptr;
     for (const Line& line : lines) {

@@ -192,12 +192,15 @@ std::int64_t cKoFile::ReadLine(char** text) {
     std::string_view line;
     const std::int64_t result = ReadLineView(line);
     if (result < 0 || (result == 0 && line.empty())) return result;
-    // In few different sizes, so that the old text's block mostly serves again as it is.
-    const std::size_t capacity = std::max(kSmallestLineBlock, std::bit_ceil(line.size() + 1));
-    void* const block = std::realloc(old.get(), capacity);
-    if (!block) return fail(platform::kErrorOutOfMemory), kOutOfMemory;
-    static_cast<void>(old.release());
-    *text = static_cast<char*>(block);
+    if (platform::blockCapacity(old.get()) <= line.size()) {
+        // With room for the next lines too: mostly the block then serves again as it is.
+        const std::size_t capacity = std::max(kSmallestLineBlock, std::bit_ceil(line.size() + 1));
+        void* const block = std::realloc(old.get(), capacity);
+        if (!block) return fail(platform::kErrorOutOfMemory), kOutOfMemory;
+        static_cast<void>(old.release());
+        old.reset(static_cast<char*>(block));
+    }
+    *text = old.release();
     if (!line.empty()) std::memcpy(*text, line.data(), line.size());
     (*text)[line.size()] = 0;
     return result;

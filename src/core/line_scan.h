@@ -7,9 +7,7 @@
 #include <cstring>
 #include <string_view>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include "platform/character_vector.h"
 
 namespace nuv64 {
 
@@ -23,25 +21,17 @@ constexpr std::uint64_t zeroBytes(std::uint64_t word) noexcept {
     return (word - 0x0101010101010101u) & ~word & 0x8080808080808080u;
 }
 
-#if defined(__SSE2__)
-// One bit for each of 16 characters, the first the lowest: whether it ends a line.
-inline unsigned lineEndsIn16(const char* text) noexcept {
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-    const __m128i ends = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8('\n')),
-                                                   _mm_cmpeq_epi8(block, _mm_set1_epi8('\x1A'))),
-                                      _mm_cmpeq_epi8(block, _mm_setzero_si128()));
-    return static_cast<unsigned>(_mm_movemask_epi8(ends));
-}
-#endif
-
 // The first character of [first, last) that ends a line, or last. A vector at a time where there
 // are vectors, otherwise a word: lines of data files are short, so that calls of memchr for the
 // three characters would cost more than they save.
 inline const char* findLineEnd(const char* first, const char* last) noexcept {
-#if defined(__SSE2__)
-    for (; last - first >= 16; first += 16) {
-        const unsigned ends = lineEndsIn16(first);
-        if (ends) return first + std::countr_zero(ends);
+#if defined(NUV64_CHARACTER_VECTORS)
+    using Vector = platform::CharacterVector<char>;
+    const Vector lineFeed = Vector::all('\n'), ctrlZ = Vector::all('\x1A'), nul = Vector::all(0);
+    for (; last - first >= static_cast<std::ptrdiff_t>(Vector::kSize); first += Vector::kSize) {
+        const Vector block = Vector::load(first);
+        const unsigned ends = ((block == lineFeed) | (block == ctrlZ) | (block == nul)).places();
+        if (ends) return first + Vector::placeOf(ends);
     }
 #endif
     if constexpr (std::endian::native == std::endian::little) {

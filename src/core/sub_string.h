@@ -2,16 +2,12 @@
 #pragma once
 
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
 
 #include "core/text.h"
-
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include "platform/character_vector.h"
 
 namespace nuv64 {
 
@@ -84,48 +80,34 @@ class SubString {
         return place[probe.offset] == probe.one || place[probe.offset] == probe.other;
     }
 
-#if defined(__SSE2__)
-    static __m128i equal(__m128i a, __m128i b) noexcept {
-        if constexpr (sizeof(Ch) == 1) {
-            return _mm_cmpeq_epi8(a, b);
-        } else {
-            return _mm_cmpeq_epi16(a, b);
+#if defined(NUV64_CHARACTER_VECTORS)
+    using Vector = platform::CharacterVector<Ch>;
+
+    struct VectorProbe {
+        std::size_t offset;
+        Vector one, other;
+        explicit VectorProbe(const Probe& probe) noexcept
+            : offset(probe.offset), one(Vector::all(probe.one)), other(Vector::all(probe.other)) {}
+
+        template <bool ignoreCase>
+        Vector fits(const Ch* places) const noexcept {
+            const Vector characters = Vector::load(places + offset);
+            if constexpr (ignoreCase) return (characters == one) | (characters == other);
+            return characters == one;
         }
-    }
-    static __m128i everywhere(Ch ch) noexcept {
-        if constexpr (sizeof(Ch) == 1) {
-            return _mm_set1_epi8(ch);
-        } else {
-            return _mm_set1_epi16(static_cast<short>(ch));
-        }
-    }
+    };
 
     template <bool ignoreCase>
     std::size_t search(const Ch* text, std::size_t places) const noexcept {
-        constexpr std::size_t kStep = 16 / sizeof(Ch);
-        constexpr unsigned kOneBitEach = sizeof(Ch) == 1 ? 0xFFFF : 0x5555;
-        __m128i ones[kProbes], others[kProbes];
-        for (std::size_t i = 0; i < kProbes; ++i) {
-            ones[i] = everywhere(probes_[i].one);
-            others[i] = everywhere(probes_[i].other);
-        }
+        const VectorProbe a(probes_[0]), b(probes_[1]), c(probes_[2]), d(probes_[3]);
         std::size_t place = 0;
-        for (; places - place >= kStep; place += kStep) {
-            __m128i fit = _mm_set1_epi8(-1);
-            for (std::size_t i = 0; i < kProbes; ++i) {
-                const auto* const at =
-                    reinterpret_cast<const __m128i*>(text + place + probes_[i].offset);
-                const __m128i characters = _mm_loadu_si128(at);
-                __m128i equals = equal(characters, ones[i]);
-                if constexpr (ignoreCase)
-                    equals = _mm_or_si128(equals, equal(characters, others[i]));
-                fit = _mm_and_si128(fit, equals);
-            }
-            auto hits = static_cast<unsigned>(_mm_movemask_epi8(fit)) & kOneBitEach;
-            for (; hits != 0; hits &= hits - 1) {
-                const std::size_t hit =
-                    place + static_cast<std::size_t>(std::countr_zero(hits)) / sizeof(Ch);
-                if (matches(text + hit)) return hit;
+        for (; places - place >= Vector::kSize; place += Vector::kSize) {
+            const Ch* const at = text + place;
+            const Vector fit = a.template fits<ignoreCase>(at) & b.template fits<ignoreCase>(at) &
+                               c.template fits<ignoreCase>(at) & d.template fits<ignoreCase>(at);
+            for (unsigned hits = fit.places(); hits != 0; hits &= hits - 1) {
+                const std::size_t hit = Vector::placeOf(hits);
+                if (matches(at + hit)) return place + hit;
             }
         }
         return searchOneByOne(text, place, places);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -134,6 +135,9 @@ void* heapAllocate(std::uint64_t bytes) noexcept;
 void heapFree(void* block) noexcept;
 void* globalAllocate(std::uint64_t bytes) noexcept;
 void globalFree(void* block) noexcept;
+// The bytes that a block of the C runtime's heap has room for, at least those asked for; 0 for
+// null.
+std::size_t blockCapacity(void* block) noexcept;
 
 // Boxes and dialogs of the system's user interface. Where hasUserInterface is false the others fail
 // at once.

@@ -190,6 +190,25 @@ TEST(DataFileSession, AnyOrderOfReadsAndChanges) {
     }
 }
 
+TEST(DataFileSession, LocatesAcrossEverySeam) {
+    constexpr std::size_t chunk = 32768;  // bytes that a search takes in at once
+    const TempFolder folder;
+    std::string name = "a";
+    for (const std::size_t seam : {chunk, 2 * chunk - 3}) {
+        for (std::size_t place = seam - 6; place <= seam + 2; ++place) {
+            std::string content(2 * chunk + 50, 'A');
+            content.replace(place, 4, "Abcd");
+            cKoFile file(folder.write(name += 'a', content).c_str(), nullptr, nullptr);
+            ASSERT_TRUE(file.OpenExisting(0, 0));
+            file.windowLimit = 1000;
+            EXPECT_EQ(file.Locate("Abcd", 0, 0, 0), 1) << place;
+            EXPECT_EQ(file.position, static_cast<std::int64_t>(place));
+            EXPECT_EQ(file.Locate("aBCd", 16 | 64, 0, 1), 1) << place;
+            EXPECT_EQ(file.position, static_cast<std::int64_t>(place + 4));
+        }
+    }
+}
+
 TEST(DataFileSession, EditsAbove4GiB) {
     const TempFolder folder;
     const std::u16string path = folder.wide("large");

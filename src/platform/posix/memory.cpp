@@ -1,3 +1,5 @@
+#include <malloc.h>
+
 #include <cstdlib>
 
 #include "platform/platform.h"
@@ -18,6 +20,10 @@ void* globalAllocate(std::uint64_t bytes) noexcept {
 
 void globalFree(void* block) noexcept {
     std::free(block);
+}
+
+std::size_t blockCapacity(void* block) noexcept {
+    return ::malloc_usable_size(block);
 }
 
 }  // namespace nuv64::platform

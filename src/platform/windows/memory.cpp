@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <malloc.h>
+
 #include "platform/platform.h"
 
 namespace nuv64::platform {
@@ -20,6 +22,10 @@ void* globalAllocate(std::uint64_t bytes) noexcept {
 
 void globalFree(void* block) noexcept {
     if (block) GlobalFree(block);
+}
+
+std::size_t blockCapacity(void* block) noexcept {
+    return block ? ::_msize(block) : 0;
 }
 
 }  // namespace nuv64::platform
