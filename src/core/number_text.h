@@ -161,6 +161,7 @@ double longDecimal(const Ch* p, const Ch* end, std::int64_t exponent) noexcept {
             ++dropped;
         }
     }
+    if (count == 0) return 0.0;  // whatever the exponent
     // exponent belongs to the last digit of the whole number.
     exponent += dropped;
     const std::int64_t lead = exponent + count;

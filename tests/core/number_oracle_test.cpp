@@ -184,6 +184,11 @@ TEST(NumberOracle, TextsOfAnyLength) {
         expectReads(text + "1e-3", 9007199254740.993);
         expectReads(text + "0e+000003", 9007199254740993000.0);
     }
+    // Zeros stay zero under any exponent.
+    for (const std::size_t zeros : {1u, 40u, 46u, 47u, 48u, 49u, 1000u}) {
+        for (const char* exponent : {"e400", "e-400", "e99999999999999999999", ".0e777"})
+            expectReads("-" + std::string(zeros, '0') + exponent, -0.0);
+    }
     // A text that is cut anywhere near an exponent.
     for (std::size_t digits = 10; digits < 60; ++digits) {
         const std::string text = "1" + std::string(digits, '0');
