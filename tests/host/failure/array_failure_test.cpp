@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <new>
 
 #include "host/failure/failing_allocator.h"
 #include "nuv64/arrays/array_eval.h"
@@ -41,7 +42,18 @@ void failEachAllocation(const std::function<void()>& before,
     }
 }
 
-TEST(ArraysWithoutMemory, PairedArraysAreNotMade) {
+class ArraysWithoutMemory : public testing::Test {
+  protected:
+    // The first exception of a program makes blocks that the runtime keeps.
+    static void SetUpTestSuite() {
+        try {
+            throw std::bad_alloc();
+        } catch (const std::bad_alloc&) {
+        }
+    }
+};
+
+TEST_F(ArraysWithoutMemory, PairedArraysAreNotMade) {
     RArrPairedRec* record = nullptr;
     failEachAllocation([] {}, [&] { return NewRArrPairedArrays(&record, 1.0, 3); },
                        [&](bool failed) {
@@ -50,7 +62,7 @@ TEST(ArraysWithoutMemory, PairedArraysAreNotMade) {
                        });
 }
 
-TEST(ArraysWithoutMemory, PairedArraysThatCannotGrowAreReleased) {
+TEST_F(ArraysWithoutMemory, PairedArraysThatCannotGrowAreReleased) {
     RArrPairedRec* record = nullptr;
     failEachAllocation([&] { ASSERT_EQ(NewRArrPairedArrays(&record, 1.0, 1), 0u); },
                        [&] { return RArrPairedAddPair(1.0, 2.0, &record); },
@@ -60,7 +72,7 @@ TEST(ArraysWithoutMemory, PairedArraysThatCannotGrowAreReleased) {
                        });
 }
 
-TEST(ArraysWithoutMemory, ARangeListStaysAsItWas) {
+TEST_F(ArraysWithoutMemory, ARangeListStaysAsItWas) {
     double* list = nullptr;
     failEachAllocation([&] { ASSERT_EQ(RArrRangesAddRange(&list, 1.0, 2.0), 0u); },
                        [&] { return RArrRangesAddRange(&list, 3.0, 4.0); },
@@ -70,7 +82,7 @@ TEST(ArraysWithoutMemory, ARangeListStaysAsItWas) {
                        });
 }
 
-TEST(ArraysWithoutMemory, AnEvaluationEndsWithoutOutput) {
+TEST_F(ArraysWithoutMemory, AnEvaluationEndsWithoutOutput) {
     const double in[] = {1.0, 2.0, 3.0};
     double* out = nullptr;
     failEachAllocation([&] { out = RArrNew0(nullptr, 2); },
@@ -81,12 +93,12 @@ TEST(ArraysWithoutMemory, AnEvaluationEndsWithoutOutput) {
                        });
 }
 
-TEST(ArraysWithoutMemory, AnAutoCorrelationInPlaceNeedsACopy) {
+TEST_F(ArraysWithoutMemory, AnAutoCorrelationInPlaceNeedsACopy) {
     double x[] = {1.0, 2.0, 3.0};
     failEachAllocation([] {}, [&] { return RArrAutoCorr(3, x, x); }, [](bool) {});
 }
 
-TEST(ArraysWithoutMemory, PointersAreNotCollected) {
+TEST_F(ArraysWithoutMemory, PointersAreNotCollected) {
     void** array = nullptr;
     std::uint64_t count = 2;
     const auto step = [&] {
