@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <new>
 
 #include "host/failure/failing_allocator.h"
 #include "nuv64/arrays/array_eval.h"
@@ -42,18 +41,7 @@ void failEachAllocation(const std::function<void()>& before,
     }
 }
 
-class ArraysWithoutMemory : public testing::Test {
-  protected:
-    // The first exception of a program makes blocks that the runtime keeps.
-    static void SetUpTestSuite() {
-        try {
-            throw std::bad_alloc();
-        } catch (const std::bad_alloc&) {
-        }
-    }
-};
-
-TEST_F(ArraysWithoutMemory, PairedArraysAreNotMade) {
+TEST(ArraysWithoutMemory, PairedArraysAreNotMade) {
     RArrPairedRec* record = nullptr;
     failEachAllocation([] {}, [&] { return NewRArrPairedArrays(&record, 1.0, 3); },
                        [&](bool failed) {
@@ -62,7 +50,7 @@ TEST_F(ArraysWithoutMemory, PairedArraysAreNotMade) {
                        });
 }
 
-TEST_F(ArraysWithoutMemory, PairedArraysThatCannotGrowAreReleased) {
+TEST(ArraysWithoutMemory, PairedArraysThatCannotGrowAreReleased) {
     RArrPairedRec* record = nullptr;
     failEachAllocation([&] { ASSERT_EQ(NewRArrPairedArrays(&record, 1.0, 1), 0u); },
                        [&] { return RArrPairedAddPair(1.0, 2.0, &record); },
@@ -72,7 +60,7 @@ TEST_F(ArraysWithoutMemory, PairedArraysThatCannotGrowAreReleased) {
                        });
 }
 
-TEST_F(ArraysWithoutMemory, ARangeListStaysAsItWas) {
+TEST(ArraysWithoutMemory, ARangeListStaysAsItWas) {
     double* list = nullptr;
     failEachAllocation([&] { ASSERT_EQ(RArrRangesAddRange(&list, 1.0, 2.0), 0u); },
                        [&] { return RArrRangesAddRange(&list, 3.0, 4.0); },
@@ -82,7 +70,7 @@ TEST_F(ArraysWithoutMemory, ARangeListStaysAsItWas) {
                        });
 }
 
-TEST_F(ArraysWithoutMemory, AnEvaluationEndsWithoutOutput) {
+TEST(ArraysWithoutMemory, AnEvaluationEndsWithoutOutput) {
     const double in[] = {1.0, 2.0, 3.0};
     double* out = nullptr;
     failEachAllocation([&] { out = RArrNew0(nullptr, 2); },
@@ -93,12 +81,12 @@ TEST_F(ArraysWithoutMemory, AnEvaluationEndsWithoutOutput) {
                        });
 }
 
-TEST_F(ArraysWithoutMemory, AnAutoCorrelationInPlaceNeedsACopy) {
+TEST(ArraysWithoutMemory, AnAutoCorrelationInPlaceNeedsACopy) {
     double x[] = {1.0, 2.0, 3.0};
     failEachAllocation([] {}, [&] { return RArrAutoCorr(3, x, x); }, [](bool) {});
 }
 
-TEST_F(ArraysWithoutMemory, PointersAreNotCollected) {
+TEST(ArraysWithoutMemory, PointersAreNotCollected) {
     void** array = nullptr;
     std::uint64_t count = 2;
     const auto step = [&] {

@@ -1,6 +1,8 @@
 // The C functions are caught by the linker (--wrap), the C++ operators by replacing them.
 #include "host/failure/failing_allocator.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <new>
 
@@ -131,5 +133,35 @@ Counted::Counted() noexcept {
 Counted::~Counted() {
     state.counting = false;
 }
+
+namespace {
+
+void throwAndCatch() {
+    try {
+        throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+    }
+}
+
+// What the runtime makes once for all is made before the failures begin, by two exceptions. The
+// second finds no memory and comes from the runtime's reserve, whose lock the Windows runtime
+// allocates when it is first taken; without a lock no exception can be thrown there at all.
+class RuntimeBlocks : public testing::Environment {
+  public:
+    void SetUp() override {
+        throwAndCatch();
+        planFailure(1, Failing::Once);
+        {
+            const Counted counted;
+            throwAndCatch();
+        }
+        planFailure(0, Failing::Once);
+    }
+};
+
+[[maybe_unused]] const testing::Environment* const runtimeBlocks =
+    testing::AddGlobalTestEnvironment(new RuntimeBlocks);
+
+}  // namespace
 
 }  // namespace nuv64::test
