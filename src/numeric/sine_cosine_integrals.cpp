@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <numbers>
 
 #include "numeric/horner.h"
@@ -16,7 +17,7 @@ using nuv64::horner;
 constexpr double kEulerGamma = 0.5772156649015329;
 constexpr double kNearTo = 4.0;
 
-// f and g of Abramowitz and Stegun 5.2.6 and 5.2.7.
+// f and g of Abramowitz and Stegun 5.2.6 and 5.2.7, as x f - 1 and x g: both small for large x.
 struct Auxiliary {
     double f;
     double g;
@@ -30,15 +31,25 @@ constexpr std::array<double, N - 1> differences(const double (&p)[N], const doub
     return d;
 }
 
+// P - Q/2, with its low term: Si(x)/x falls from 1 to 0.44, and P/Q itself would lose by the
+// cancelling of P.
+constexpr auto kSineNearD = [] {
+    std::array<double, std::size(nuv64::kSineNearP)> d{};
+    for (std::size_t k = 0; k < d.size(); ++k) {
+        d[k] = nuv64::kSineNearP[k] - 0.5 * nuv64::kSineNearQ[k];
+    }
+    return d;
+}();
+
 constexpr auto kCosineNearD = differences(nuv64::kCosineNearP, nuv64::kCosineNearQ);
 constexpr auto kAuxiliaryFD = differences(nuv64::kAuxiliaryFP, nuv64::kAuxiliaryFQ);
 constexpr auto kAuxiliaryGD = differences(nuv64::kAuxiliaryGP, nuv64::kAuxiliaryGQ);
 
-// P/Q as 1 + (P - Q)/Q: the ratios are near 1, and so only the small rest carries the rounding of
+// P/Q - 1 as (P - Q)/Q: the ratios are near 1, and so only the small rest carries the rounding of
 // the polynomials.
 template <std::size_t N>
-double nearOne(const std::array<double, N - 1>& difference, const double (&q)[N], double u) {
-    return 1.0 + u * horner(difference, u) / horner(q, u);
+double restOfRatio(const std::array<double, N - 1>& difference, const double (&q)[N], double u) {
+    return u * horner(difference, u) / horner(q, u);
 }
 
 // The sum of three with their roundings put back, and a small fourth.
@@ -64,15 +75,16 @@ double restOfSquare(double x, double square) {
 // than its terms, and their roundings would show.
 double cosineNear(double x) {
     const double u = x * x;
-    const double rest = u * u * horner(kCosineNearD, u) / horner(nuv64::kCosineNearQ, u);
-    return sumOf(kEulerGamma, std::log(x), -0.25 * u, rest - 0.25 * restOfSquare(x, u));
+    const double ratio = u * horner(kCosineNearD, u) / horner(nuv64::kCosineNearQ, u);
+    const double lost = (2.0 * ratio - 0.25) * restOfSquare(x, u);
+    return sumOf(kEulerGamma, std::log(x), -0.25 * u, u * ratio + lost);
 }
 
 Auxiliary auxiliary(double x) {
     const double inverse = 1.0 / x;
     const double u = inverse * inverse;
-    return {inverse * nearOne(kAuxiliaryFD, nuv64::kAuxiliaryFQ, u),
-            u * nearOne(kAuxiliaryGD, nuv64::kAuxiliaryGQ, u)};
+    return {restOfRatio(kAuxiliaryFD, nuv64::kAuxiliaryFQ, u),
+            inverse + inverse * restOfRatio(kAuxiliaryGD, nuv64::kAuxiliaryGQ, u)};
 }
 
 }  // namespace
@@ -82,11 +94,12 @@ double rSineIntegral(double x) noexcept {
     if (x < 0.0) return 0.0;
     if (x <= kNearTo) {
         const double u = x * x;
-        return x * (horner(nuv64::kSineNearP, u) / horner(nuv64::kSineNearQ, u));
+        return x * (0.5 + horner(kSineNearD, u) / horner(nuv64::kSineNearQ, u));
     }
     if (std::isinf(x)) return std::numbers::pi / 2;
     const Auxiliary a = auxiliary(x);
-    return std::numbers::pi / 2 - a.f * std::cos(x) - a.g * std::sin(x);
+    const double cosine = std::cos(x);
+    return std::numbers::pi / 2 - (cosine + (a.f * cosine + a.g * std::sin(x))) / x;
 }
 
 double rCosineIntegral(double x) noexcept {
@@ -96,5 +109,6 @@ double rCosineIntegral(double x) noexcept {
     if (x <= kNearTo) return cosineNear(x);
     if (std::isinf(x)) return 0.0;
     const Auxiliary a = auxiliary(x);
-    return a.f * std::sin(x) - a.g * std::cos(x);
+    const double sine = std::sin(x);
+    return (sine + (a.f * sine - a.g * std::cos(x))) / x;
 }

@@ -457,8 +457,10 @@ def exponential_integrals_family():
 
 def sine_cosine_integrals_family():
     xs = sides(4.0) + even(150, 0, 4) + scattered(60, -8, 0, (1,)) + [0.6165, 3.3842]
+    xs += [2.558744748633807, 3.5187196304321002]  # where roundings add up
     table("kNear", "x up to 4, Si(x), Ci(x)", [x for x in xs if x <= 4.0], mp.si, mp.ci)
     xs = sides(4.0) + even(150, 4, 40) + scattered(90, 0.7, 9, (1,))
+    xs += [8.959452118651894, 24.324135287596395, 121.39386234523461]
     table("kFar", "x above 4, Si(x), Ci(x)", [x for x in xs if x > 4.0], mp.si, mp.ci)
 
 

@@ -17,9 +17,9 @@ NUV64_API double rSineIntegral(double x) NUV64_NOEXCEPT;
 
 /* Ci(x), Euler's constant + ln x + the integral of (cos(t) - 1)/t from 0 to x; ___NAN for x from 0
  * to ___MinReal, 0 at infinity. Within 4 ulps where |Ci| is above 0.25 for x up to 4, or above
- * 1/(2x) beyond. Around its zeros, at 0.617, 3.384 and so on, the error is up to 3 ulps of the
- * largest term: 1, ln x or x^2/4 up to 4, and 1/x beyond. For large x the C runtime's reduction of
- * angles enters: that of Windows loses x*2^-15 ulps. */
+ * 1/(2x) beyond. Around its zeros, at 0.617, 3.384 and so on, the error is up to 2 ulps of the
+ * largest term, 1, ln x or x^2/4, up to 4, and up to 3.2 ulps of 1/x beyond. For large x the C
+ * runtime's reduction of angles enters: that of Windows loses x*2^-15 ulps. */
 NUV64_API double rCosineIntegral(double x) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS
