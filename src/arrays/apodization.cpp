@@ -9,6 +9,7 @@
 #include "core/real_rounding.h"
 #include "nuv64/arrays/real_array.h"
 #include "nuv64/numeric/real_powers.h"
+#include "nuv64/numeric/real_special.h"
 
 using namespace nuv64;
 
@@ -63,7 +64,7 @@ uint32_t exponentialWindow(const TimedArray& signal, const double* p) noexcept {
 uint32_t vorningWindow(const TimedArray& signal, const double* p) noexcept {
     constexpr double kDefaultFactor = 4.0;
     double last = signal.tEnd;
-    if (!std::isnan(p[1])) {
+    if (rIsNotNAN(p[1])) {
         last = p[1] * (p[0] == 0.0 ? kDefaultFactor : p[0]);
         if (last > signal.tEnd) last = signal.tEnd;
     }

@@ -36,7 +36,8 @@ struct WindowCase {
 };
 
 double vorning(double t, double, double tEnd, const Values& p) {
-    const double last = std::isnan(p[1]) ? tEnd : std::min(p[1] * (p[0] == 0.0 ? 4.0 : p[0]), tEnd);
+    const double last =
+        std::isfinite(p[1]) ? std::min(p[1] * (p[0] == 0.0 ? 4.0 : p[0]), tEnd) : tEnd;
     return t > last ? 0.0 : square(std::cos(kPi * t / (2.0 * last)));
 }
 
@@ -60,6 +61,7 @@ std::vector<WindowCase> windows() {
          {-0.4},
          [](double t, double, double, const Values& p) { return std::exp(-kPi * p[0] * t); }},
         {"Vorning", 2, {0.0, kQuietNan}, vorning},
+        {"Vorning, infinite", 2, {2.0, -kInf}, vorning},
         {"Vorning, factor 4", 2, {0.0, 0.3}, vorning},
         {"Vorning, short", 2, {2.0, 0.4}, vorning},
         {"Vorning, limited", 2, {5.0, 7.0}, vorning},
@@ -194,6 +196,12 @@ TEST(Apodization, SincIsAStepAheadAndDividesByZeroAtTheOrigin) {
     const Values out = apodized(6, Values(3, 1.0), 0.0, 1.0, {0.5});
     EXPECT_EQ(out[0], kInf);
     EXPECT_NEAR(out[1], std::sin(kPi / 2.0) / (kPi / 4.0), 1e-15);
+}
+
+TEST(Apodization, SmoothstepIsMissingWhereThePowerOverflows) {
+    const Values out = apodized(8, Values(3, 1.0), 0.0, 2e200, {1.0, 2.0});
+    EXPECT_EQ(out[0], 0.0);
+    EXPECT_TRUE(std::isnan(out[1]));
 }
 
 TEST(Apodization, VorningKeepsNotANumbersBehindItsEnd) {

@@ -14,7 +14,7 @@ NUV64_BEGIN_DECLS
  *
  *   1 Exponential        exp(-pi*p0*t): a line broadening of p0
  *   2 Vorning            cos^2(pi*t/(2*tmax)) up to tmax, 0.0 above it; tmax is tEnd, or, when p1
- *                        is a number, p1*p0 (p1*4 for p0 = 0) limited to tEnd
+ *                        is a finite number, p1*p0 (p1*4 for p0 = 0) limited to tEnd
  *   3 Cos2Tmax           cos^2((pi/2)*(t + dt)/p0) for the first ceil((p0 - t0)/dt) elements, at
  *                        most n, the others set to 0.0; all are for p0 = 0
  *   4 Gauss              exp(-g*t^2), g = (pi*p0)^2/(4 ln 2): a line broadening of p0
@@ -22,7 +22,8 @@ NUV64_BEGIN_DECLS
  *   6 Sinc               sin(w*(t + dt))/(w*t), w = pi*p0; p0 = 0 leaves the array alone
  *   7 Maxwell-Boltzmann  (t/p0)^2*exp(-(t/p0)^2); p0 = 0 sets the array to 0.0
  *   8 Smoothstep         u/(1 + u), u = (t/p0)^k with k = p1 rounded to a whole number, not below
- *                        0; p0 = 0 leaves the array alone, else k = 0 halves it
+ *                        0; p0 = 0 leaves the array alone, else k = 0 halves it; where u overflows
+ *                        the window is a not-a-number
  *
  * All but type 2 run by recurrences: exponentials and rotations are advanced from element to
  * element instead of being evaluated. Errors grow with the index: measured against the window's

@@ -84,7 +84,7 @@ typedef struct RArrStatisticsRec {
     double Variation; /* the sum of |a[i] - a[i-1]| */
 } RArrStatisticsRec;
 
-/* Fills the record in one pass over the array. Comparisons are strict, as in RArrMax.
+/* Fills the record. Comparisons are strict, as in RArrMax.
  * Status: 14 for n = 0 or a null array, 18 for a null record, the record then untouched; 0. */
 NUV64_API uint32_t RArrStatistics(uint64_t n, const double* array,
                                   RArrStatisticsRec* out) NUV64_NOEXCEPT;

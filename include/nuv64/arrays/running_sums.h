@@ -31,8 +31,7 @@ NUV64_API uint32_t RArrIpRunningTrapez2(uint64_t n, double* array) NUV64_NOEXCEP
  * Source: Abramowitz and Stegun, section 25.4.
  *
  * For n above 3 the last but one interval is missing: out[n-2] is in[n-2] instead of an integral,
- * and out[n-1] builds upon it. Elements up to n - 3, and arrays of 2 or 3 points,
- * are right. */
+ * and out[n-1] builds upon it. Elements up to n - 3, and arrays of up to 3 points, are right. */
 NUV64_API uint32_t RArrRunningModTrapez(uint64_t n, const double* in, double* out, double before,
                                         double after) NUV64_NOEXCEPT;
 NUV64_API uint32_t RArrIpRunningModTrapez(uint64_t n, double* array, double before,
