@@ -1,5 +1,6 @@
 #include "nuv64/numeric/real_sequences.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <vector>
@@ -86,34 +87,56 @@ SignedSum stirling2Alternating(uint64_t n, uint64_t k) {
         term *= -(static_cast<double>(k - i) / j / j) * ruPower((j + 1.0) / j, n - 1);
         s.sum = s.sum / j + term;
         s.mass = s.mass / j + std::fabs(term);
+        if (isNoResult(s.mass)) break;  // it stays so, and k may be of any size
     }
     if (k % 2 == 0) s.sum = -s.sum;
     return s;
 }
 
-// S(n, k) by the triangle's recurrence along its diagonals, S(k + d, k) from d = 0 to n - k, all
-// terms positive.
-double stirling2ByTriangle(uint64_t n, uint64_t k) {
-    std::vector<double> diagonal(n - k + 1, 0.0);
-    diagonal[0] = 1.0;
-    for (uint64_t i = 1; i <= k; ++i) {
-        const double factor = static_cast<double>(i);
-        for (std::size_t d = 1; d < diagonal.size(); ++d) diagonal[d] += factor * diagonal[d - 1];
-        if (isNoResult(diagonal.back())) return ___PlsINF;
+double binomial(uint64_t n, uint64_t k) {
+    k = std::min(k, n - k);
+    double value = 1.0;
+    for (uint64_t i = 0; i < k; ++i) {
+        value *= static_cast<double>(n - i) / static_cast<double>(i + 1);
     }
-    return diagonal.back();
+    return value;
+}
+
+// The partitions of d + j things into j parts without a part of one thing, for j from 0 to most: by
+// the thing put last, in a larger part or in a pair (L. Comtet, Advanced Combinatorics, 1974, p.
+// 222).
+std::vector<double> partitionsWithoutSingles(uint64_t d, uint64_t most) {
+    std::vector<double> row(most + 1, 0.0);
+    row[0] = 1.0;
+    for (uint64_t i = 1; i <= d; ++i) {
+        for (uint64_t j = most; j > 0; --j) {
+            row[j] = static_cast<double>(j) * row[j] + static_cast<double>(i + j - 1) * row[j - 1];
+        }
+        row[0] = 0.0;
+    }
+    return row;
+}
+
+// S(n, k) by the number j of its parts of more than one thing, which hold n - k + j things. All
+// terms are positive, and the work depends on n - k alone.
+double stirling2ByLargerParts(uint64_t n, uint64_t k) {
+    const uint64_t d = n - k;
+    const std::vector<double> larger = partitionsWithoutSingles(d, std::min(d, k));
+    double sum = 0.0;
+    for (uint64_t j = 1; j < larger.size(); ++j) sum += larger[j] * binomial(n, d + j);
+    return isNoResult(sum) ? ___PlsINF : sum;
 }
 
 // For values beyond 64 bits, so for 1 < k < n - 1.
 double stirling2Large(uint64_t n, uint64_t k) {
-    // S(n, k) is at least k^(n - k). This bounds the work too.
+    // S(n, k) is at least k^(n - k). This bounds n - k, and so the work, too.
     if (static_cast<double>(n - k) * rLog(static_cast<double>(k)) > ___LnMaxReal) {
         return ___PlsINF;
     }
     constexpr double kMostCancelled = 4.0;
     const SignedSum s = stirling2Alternating(n, k);
     if (!isNoResult(s.mass) && s.mass < kMostCancelled * s.sum) return s.sum;
-    return guardValue(___NAN, [&] { return stirling2ByTriangle(n, k); });
+    return guardValue(___NAN, [&] { return stirling2ByLargerParts(n, k); });
 }
 
 }  // namespace

@@ -28,9 +28,10 @@ TEST(RealSequences, AgreeWithTheReference) {
     holdAccuracy(
         "rStirling1", kStirling, 2, 1.7, [](auto& r) { return rStirling1(at(r, 0), at(r, 1)); },
         ofFirst);
-    // The powers of the alternating sum's ratios, at (112, 30).
-    holdAccuracy("rStirling2", kStirling, 4, 170.0,
-                 [](auto& r) { return rStirling2(at(r, 0), at(r, 1)); });
+    // The powers of the alternating sum's ratios, at (112, 30) and (209, 49).
+    const auto second = [](auto& r) { return rStirling2(at(r, 0), at(r, 1)); };
+    holdAccuracy("rStirling2", kStirling, 4, 170.0, second);
+    holdAccuracy("rStirling2", kStirlingSecond, 2, 1100.0, second);
 }
 
 TEST(RealSequences, HarmonicNumbersAroundTheTable) {
@@ -64,7 +65,18 @@ TEST(RealSequences, StirlingNumbersAtTheirLimits) {
     EXPECT_EQ(rStirling2(100000, 7), kInf);
 }
 
-// Both ways of the large numbers, the sum and the recurrence, meet the identity of the triangle.
+// n = k + 2: three things together, or two pairs. Neither way may count up to k.
+TEST(RealSequences, StirlingNumbersOfManyParts) {
+    for (std::uint64_t k : {100000u, 1000000u, 10000000u}) {
+        const double n = static_cast<double>(k + 2);
+        const double threes = n * (n - 1.0) / 2.0 * (n - 2.0) / 3.0;
+        const double wanted = threes + 3.0 * threes * (n - 3.0) / 4.0;
+        EXPECT_NEAR(rStirling2(k + 2, k) / wanted, 1.0, 2e-15) << k;
+    }
+    EXPECT_EQ(rStirling2(10000050, 10000000), kInf);
+}
+
+// Both sums of the large numbers meet the identity of the triangle.
 TEST(RealSequences, StirlingTriangleBeyondTheExactRange) {
     for (std::uint64_t n = 30; n < 130; n += 9) {
         for (std::uint64_t k = 2; k < n; k += 3) {

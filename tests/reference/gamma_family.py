@@ -319,7 +319,7 @@ def stirling_rows(most):
 def real_sequences_family():
     ns = [float(n) for n in range(1, 130)] + [math.floor(n) for n in scattered(90, 2, 15, (1,))]
     table("kHarmonic", "n, H_n", ns, mp.harmonic)
-    first, second = stirling_rows(320)
+    first, second = stirling_rows(500)
     pairs = [(n, k) for n in range(0, 14) for k in range(0, n + 2)]
     pairs += [(n, k) for n in (20, 21, 22, 26, 27, 28, 60, 120, 300) for k in
               sorted({1, 2, 3, n // 3, n // 2, n - 9, n - 2, n - 1, n})]
@@ -328,6 +328,9 @@ def real_sequences_family():
     rows = [(float(n), float(k)) for n, k in pairs if k > n or first[n][k] < 10**308 and second[n][k] < 10**308]
     table("kStirling", "n, k, the Stirling numbers of the first kind with sign and of the second", rows,
           lambda n, k: (-1) ** int(n - k) * at(first, n, k), lambda n, k: at(second, n, k))
+    pairs = [(209, 49), (213, 49), (495, 3)] + [(rng.randint(130, 500), rng.randint(2, 160)) for _ in range(700)]
+    rows = [(float(n), float(k)) for n, k in pairs if k < n and second[n][k] < 10**308]
+    table("kStirlingSecond", "n, k, the Stirling number of the second kind", rows, lambda n, k: at(second, n, k))
 
 
 # The error function and Dawson's integral.

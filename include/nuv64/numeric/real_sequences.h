@@ -19,8 +19,10 @@ NUV64_API double rStirling1(uint64_t n, uint64_t k) NUV64_NOEXCEPT;
 /* The Stirling number of the second kind, the number of partitions of n things into k parts. Exact
  * while it has 64 bits, then the alternating sum over j from 1 to k of (-1)^(k-j) j^n/(j! (k-j)!)
  * by the ratio of neighbouring terms (Abramowitz and Stegun 24.1.4), or, where that cancels, the
- * recurrence S(n, k) = k S(n-1, k) + S(n-1, k-1), whose terms are positive. ___PlsINF on overflow,
- * ___NAN without memory for the row. Within 150 ulps by the sum, 30 by the recurrence. */
+ * sum over the number of parts of more than one thing, whose terms are positive (L. Comtet,
+ * Advanced Combinatorics, 1974, p. 222). ___PlsINF on overflow, ___NAN without memory for a row of
+ * k numbers. Within 1100 ulps by the first sum, most for n around 210 and k around 50, 30 by the
+ * second. */
 NUV64_API double rStirling2(uint64_t n, uint64_t k) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS
