@@ -12,7 +12,7 @@ namespace {
 using samples::kInf;
 
 TEST(ArrayConversion, FloatsToRealsAndBack) {
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         const std::vector<double> reals = samples::rough(n);
         std::vector<float> floats(n, 7.0f);
         EXPECT_EQ(FArrFillFromRArr(n, reals.data(), floats.data()), 0u);
@@ -63,7 +63,7 @@ double plainReal(uint64_t value) {
 
 TEST(ArrayConversion, UnsignedIntegersAreRoundedToNearest) {
     std::mt19937_64 source(3);
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         std::vector<uint64_t> in(n);
         for (uint64_t& x : in) x = source() >> (source() % 64);
         for (uint64_t i = 0; i < n; i += 5) in[i] = (uint64_t{1} << 63) + 1024 + i % 3 - 1;

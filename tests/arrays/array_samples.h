@@ -20,6 +20,15 @@ inline std::vector<std::uint64_t> lengths() {
     return result;
 }
 
+inline constexpr std::uint64_t kLong = 1000000;
+
+// The same with the longest of all, for what is quick enough.
+inline std::vector<std::uint64_t> allLengths() {
+    std::vector<std::uint64_t> result = lengths();
+    result.back() = kLong;
+    return result;
+}
+
 inline std::vector<double> random(std::uint64_t n, std::uint64_t seed = 1) {
     std::mt19937_64 source(seed + 1000 * n);
     std::uniform_real_distribution<double> uniform(-10.0, 10.0);
@@ -38,6 +47,7 @@ inline std::vector<double> rough(std::uint64_t n, std::uint64_t seed = 2) {
 
 inline std::vector<std::uint64_t> bits(const std::vector<double>& values) {
     std::vector<std::uint64_t> result;
+    result.reserve(values.size());
     for (double x : values) {
         result.push_back(std::isnan(x) ? UINT64_MAX : std::bit_cast<std::uint64_t>(x));
     }

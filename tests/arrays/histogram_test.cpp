@@ -31,10 +31,11 @@ TEST(Histogram, OutliersGoToTheEdges) {
 }
 
 TEST(Histogram, CountsAsAPlainSearchDoes) {
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         const Values in = samples::random(n);
         for (uint64_t bins : {1, 2, 7, 64}) {
             for (uint64_t skip : {0, 1, 5}) {
+                if (n == samples::kLong && bins != 7) continue;
                 Values hist(bins + 1, 7.0), expected(bins, 0.0);
                 EXPECT_EQ(RArrHistogram(n, in.data(), hist.data(), bins, 0.3, skip), 0u);
                 for (uint64_t i = skip; i + skip < n; ++i) {

@@ -13,10 +13,10 @@ using samples::kInf;
 using samples::kQuietNan;
 
 TEST(LaplaceDecay, IsTheSumOfItsTerms) {
-    for (uint64_t n : samples::lengths()) {
-        if (n > 2000) continue;
+    for (uint64_t n : samples::allLengths()) {
         const auto t = samples::random(n, 1);
         for (uint64_t m : {0, 1, 2, 9}) {
+            if (n == samples::kLong && m > 2) continue;
             const auto amplitudes = samples::random(m + 1, 2), rates = samples::random(m + 1, 3);
             std::vector<double> out(n), expected(n);
             EXPECT_EQ(

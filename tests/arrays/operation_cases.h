@@ -53,8 +53,6 @@ inline std::vector<std::uint64_t> shortLengths() {
     return result;
 }
 
-inline constexpr std::uint64_t kLong = 1000000;
-
 // The first place where the two differ in bits, all not-a-numbers being one; n when they agree.
 inline std::uint64_t firstDifference(std::uint64_t n, const double* a, const double* b) {
     for (std::uint64_t i = 0; i < n; ++i) {

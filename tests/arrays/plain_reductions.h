@@ -15,8 +15,6 @@ namespace samples {
 
 using Values = std::vector<double>;
 
-inline constexpr std::uint64_t kLong = 1000000;
-
 // Random, rough, equal, sorted and reversed arrays of many lengths.
 inline void forEachArray(const std::function<void(const Values&)>& test,
                          std::uint64_t longest = kLong) {

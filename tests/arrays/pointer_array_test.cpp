@@ -11,7 +11,7 @@ namespace {
 
 TEST(PointerArray, MakesFillsAndCopies) {
     int mark = 0;
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         uint32_t err = 7;
         void** array = RPArrNew(&err, n);
         ASSERT_NE(array, nullptr);

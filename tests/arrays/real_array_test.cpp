@@ -55,7 +55,7 @@ TEST(RealArray, SizesThatCannotBeHadAreAllocationFailures) {
 }
 
 TEST(RealArray, MakesWritableArrays) {
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         uint32_t status = 7;
         double* fresh = RArrNew(&status, n);
         ASSERT_NE(fresh, nullptr);
@@ -73,7 +73,7 @@ TEST(RealArray, MakesWritableArrays) {
 }
 
 TEST(RealArray, CopiesEveryBit) {
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         const auto source = samples::rough(n);
         double* copy = RArrNewCopy(nullptr, n, source.data());
         ASSERT_NE(copy, nullptr);
@@ -109,7 +109,7 @@ TEST(RealArray, CopyAndFillTestTheirArgumentsInOrder) {
 }
 
 TEST(RealArray, SkipFillSetsEveryOtherElement) {
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         for (uint64_t stride : {uint64_t{1}, uint64_t{2}, uint64_t{7}, UINT64_MAX}) {
             for (uint64_t start : {uint64_t{0}, uint64_t{3}, n - 1, n, UINT64_MAX}) {
                 std::vector<double> array(n + 1, 7.0), expected(array);
@@ -220,7 +220,7 @@ std::vector<PairCase> pairCases() {
 
 TEST(RealElements, TwoArrayFormsFollowTheirFormula) {
     for (const PairCase& test : pairCases()) {
-        for (uint64_t n : samples::lengths()) {
+        for (uint64_t n : samples::allLengths()) {
             const auto a = samples::rough(n, 3);
             const auto b = samples::rough(n, 4);
             std::vector<double> expected(n), out(n, 7.0), first(a), second(b);
@@ -256,7 +256,7 @@ TEST(RealElements, DivisionByZeroIsTheMissingValueInThatElementOnly) {
 }
 
 TEST(RealElements, UpdatesOfTheSecondArray) {
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         const auto a = samples::rough(n, 5);
         const auto b = samples::rough(n, 6);
         for (double k : {1.0, -0.3}) {
@@ -323,7 +323,7 @@ TEST(RealElements, PlaneRotationTurnsPairs) {
 // --- reductions
 
 TEST(RealReductions, SumsAddInTheirOrder) {
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         const auto a = samples::random(n);
         double forward = 0.0, backward = 0.0;
         for (uint64_t i = 0; i < n; ++i) forward += a[i];
@@ -371,7 +371,7 @@ TEST(RealReductions, ExtremesAreTheFirstOfEqualOnes) {
 }
 
 TEST(RealReductions, ExtremesOfManyLengths) {
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         const auto a = samples::random(n);
         const auto low = std::min_element(a.begin(), a.end());
         const auto high = std::max_element(a.begin(), a.end());
@@ -428,7 +428,7 @@ TEST(RealReductions, NormIsSafeFromOverflowAndUnderflow) {
     EXPECT_EQ(RArrNormL2(3, infinite), kInf);
     const double broken[] = {1.0, samples::kQuietNan, 2.0};
     EXPECT_TRUE(std::isnan(RArrNormL2(3, broken)));
-    for (uint64_t n : samples::lengths()) {
+    for (uint64_t n : samples::allLengths()) {
         const auto b = samples::random(n);
         long double squares = 0;
         for (double x : b) squares += static_cast<long double>(x) * x;

@@ -44,7 +44,7 @@ TEST(RealNorms, OfOneArray) {
 }
 
 TEST(RealNorms, OfADifference) {
-    for (std::uint64_t n : samples::lengths()) {
+    for (std::uint64_t n : samples::allLengths()) {
         const Values a = samples::rough(n, 7);
         const Values b = samples::random(n, 8);
         Values c(n);
@@ -52,6 +52,10 @@ TEST(RealNorms, OfADifference) {
         EXPECT_TRUE(same(RArrMetricL1(n, a.data(), b.data()), plainMaximum(c)));
         EXPECT_TRUE(same(RArrMetricL2(n, a.data(), b.data()), plainEuclidean(c)));
         EXPECT_EQ(RArrMetricL2(n, b.data(), b.data()), 0.0);
+        const Values d = samples::random(n, 9);
+        for (std::size_t i = 0; i < n; ++i) c[i] = d[i] - b[i];
+        EXPECT_EQ(RArrMetricL1(n, d.data(), b.data()), plainMaximum(c));
+        EXPECT_EQ(RArrMetricL2(n, d.data(), b.data()), plainEuclidean(c));
     }
     const double a[] = {3e300, 0.0};
     const double b[] = {0.0, 4e300};
@@ -82,7 +86,7 @@ double plainVorns(const Values& a, const Values& b, const Values& w) {
 }
 
 TEST(RealNorms, DistanceOfDistributions) {
-    for (std::uint64_t n : samples::lengths()) {
+    for (std::uint64_t n : samples::allLengths()) {
         Values a = samples::random(n, 9);
         Values b = samples::random(n, 10);
         for (double& x : a) x = std::fabs(x) + 0.1;

@@ -28,7 +28,9 @@ double plainSimpson3(const Values& a) {
     double odd = 0.0;
     for (std::size_t i = 0; i < m; i += 2) even += a[i];
     for (std::size_t i = 0; i < m; i += 2) odd += padded[i + 1];
-    double integral = (2.0 * even + 4.0 * odd - a[0] - a[m - 1]) / 3.0;
+    const double sum = 2.0 * even + 4.0 * odd;
+    if (!std::isfinite(sum)) return sum;
+    double integral = (sum - a[0] - a[m - 1]) / 3.0;
     if (m < a.size()) integral += 0.5 * (a[a.size() - 2] + a[a.size() - 1]);
     return integral;
 }
@@ -39,17 +41,21 @@ double plainSimpson38(const Values& a) {
     double sums[3] = {};
     for (std::size_t i = 0; i < m; ++i) sums[i % 3] += a[i];
     const double sum = 2.0 * sums[0] + 3.0 * sums[1] + 3.0 * sums[2];
+    if (!std::isfinite(sum)) return sum;
     return 0.375 * (sum - a[0] - a[m - 1]) + 0.5 * (a[m - 1] + a[m]);
 }
 
+double plainTrapez(const Values& a) {
+    const double sum = samples::backwardSum(a);
+    return std::isfinite(sum) ? sum - 0.5 * (a.front() + a.back()) : sum;
+}
+
 TEST(RealQuadrature, CompositeRules) {
-    for (std::uint64_t n : samples::lengths()) {
-        const Values a = samples::random(n, 11);
-        EXPECT_EQ(RArrTrapez2Ex(n, a.data()),
-                  samples::backwardSum(a) - 0.5 * (a.front() + a.back()));
-        EXPECT_EQ(RArrSimpson3Ex(n, a.data()), plainSimpson3(a));
-        EXPECT_TRUE(samples::same(RArrSimpson38Ex(n, a.data()), plainSimpson38(a))) << n;
-    }
+    samples::expectEqualResults({
+        {"RArrTrapez2Ex", RArrTrapez2Ex, plainTrapez},
+        {"RArrSimpson3Ex", RArrSimpson3Ex, plainSimpson3},
+        {"RArrSimpson38Ex", RArrSimpson38Ex, plainSimpson38},
+    });
 }
 
 TEST(RealQuadrature, CompositeRulesOnPowers) {
@@ -80,7 +86,9 @@ TEST(RealQuadrature, WithoutEnoughElements) {
 
 TEST(RealQuadrature, MeanDerivative) {
     for (uint32_t m : {0u, 1u, 2u, 5u}) {
-        for (std::uint64_t n : {6, 7, 50, 1023}) {
+        for (std::uint64_t n :
+             {uint64_t{6}, uint64_t{7}, uint64_t{50}, uint64_t{1023}, samples::kLong}) {
+            if (n == samples::kLong && m != 2) continue;
             Values a = samples::random(n, m);
             Values d = a;
             double factorial = 1.0;

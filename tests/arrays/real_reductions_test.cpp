@@ -196,13 +196,24 @@ double plainSortedDot(Values a, Values b) {
     return sum;
 }
 
+void expectPlainDots(const Values& a, const Values& b) {
+    double sum = 0.0;
+    double magnitudes = 0.0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        sum += a[i] * b[i];
+        magnitudes += std::fabs(a[i] * b[i]);
+    }
+    EXPECT_TRUE(same(RArrDotProduct(a.size(), a.data(), b.data()), sum));
+    EXPECT_TRUE(same(RArrAbsDotProduct(a.size(), a.data(), b.data()), magnitudes));
+}
+
 TEST(RealReductions, DotProducts) {
-    for (std::uint64_t n : samples::lengths()) {
+    for (std::uint64_t n : samples::allLengths()) {
         const Values a = samples::random(n, 3);
         const Values b = samples::random(n, 4);
-        double magnitudes = 0.0;
-        for (std::size_t i = 0; i < n; ++i) magnitudes += std::fabs(a[i] * b[i]);
-        EXPECT_EQ(RArrAbsDotProduct(n, a.data(), b.data()), magnitudes);
+        expectPlainDots(a, b);
+        expectPlainDots(samples::rough(n, 3), b);
+        if (n == samples::kLong) continue;  // sorts take their time
         EXPECT_EQ(RArrSortedDotProduct(n, a.data(), b.data()), plainSortedDot(a, b));
         Values c = a;
         Values d = b;
