@@ -67,7 +67,7 @@ TEST(FindLineEnd, AgreesWithALoopOverBytes) {
 class DataFileWindow : public testing::TestWithParam<std::int64_t> {};
 
 TEST_P(DataFileWindow, ReadsLikeAPlainBuffer) {
-    const TempFolder folder;
+    const TempFolder folder(FolderPlace::kMemory);
     std::mt19937 random(static_cast<unsigned>(GetParam()));
     for (int round = 0; round < 30; ++round) {
         const std::string content = randomLines(random() % 300, random);
@@ -102,7 +102,7 @@ TEST_P(DataFileWindow, ReadsLikeAPlainBuffer) {
 }
 
 TEST_P(DataFileWindow, BothLineReadersFollowTheRules) {
-    const TempFolder folder;
+    const TempFolder folder(FolderPlace::kMemory);
     std::mt19937 random(static_cast<unsigned>(GetParam()) + 100);
     for (int round = 0; round < 200; ++round) {
         const std::string content = randomLines(random() % 200, random);
@@ -148,7 +148,7 @@ TEST_P(DataFileWindow, BothLineReadersFollowTheRules) {
 }
 
 TEST_P(DataFileWindow, LineStartsLikeALoopOverBytes) {
-    const TempFolder folder;
+    const TempFolder folder(FolderPlace::kMemory);
     std::mt19937 random(static_cast<unsigned>(GetParam()) + 200);
     for (int round = 0; round < 50; ++round) {
         const std::string content = randomLines(1 + random() % 200, random);
@@ -175,7 +175,7 @@ TEST_P(DataFileWindow, LineStartsLikeALoopOverBytes) {
 }
 
 TEST_P(DataFileWindow, LocatesAcrossSeams) {
-    const TempFolder folder;
+    const TempFolder folder(FolderPlace::kMemory);
     std::mt19937 random(static_cast<unsigned>(GetParam()) + 300);
     std::string content(100000, 'a');
     for (char& c : content) c = "abAB\x1A"[random() % 5];
@@ -327,7 +327,7 @@ TEST(DataFileReadLine, CasesOfTheLastLine) {
 }
 
 TEST(DataFileReadLine, ALineLongerThanTheLargestWindow) {
-    const TempFolder folder;
+    const TempFolder folder(FolderPlace::kMemory);
     std::string content = "head\n" + std::string(20'000'000, 'x') + "\r\ntail\n";
     cKoFile file(folder.write("a", content).c_str(), nullptr, nullptr);
     ASSERT_TRUE(file.OpenExisting(0, 0));

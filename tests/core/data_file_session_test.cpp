@@ -172,7 +172,7 @@ class Session {
     }
 
     std::mt19937 random_;
-    TempFolder folder_;
+    TempFolder folder_{FolderPlace::kMemory};
     std::string content_;
     std::size_t position_ = 0;
     cKoFile file_;
@@ -192,7 +192,7 @@ TEST(DataFileSession, AnyOrderOfReadsAndChanges) {
 
 TEST(DataFileSession, LocatesAcrossEverySeam) {
     constexpr std::size_t chunk = 32768;  // bytes that a search takes in at once
-    const TempFolder folder;
+    const TempFolder folder(FolderPlace::kMemory);
     std::string name = "a";
     for (const std::size_t seam : {chunk, 2 * chunk - 3}) {
         for (std::size_t place = seam - 6; place <= seam + 2; ++place) {

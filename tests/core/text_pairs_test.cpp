@@ -55,7 +55,7 @@ struct Written {
 
 template <class Ch, class Write>
 Written<Ch> written(Write write) {
-    std::basic_string<Ch> buffer(2500, Ch{'#'});
+    std::basic_string<Ch> buffer(250, Ch{'#'});
     Written<Ch> done;
     done.result = write(buffer.data());
     done.text = buffer.substr(0, buffer.find_last_not_of(Ch{'#'}) + 1);  // the terminator with it
