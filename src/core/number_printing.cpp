@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cmath>
+#include <cstring>
 
 #include "core/real_rounding.h"
 #include "core/text.h"
@@ -21,6 +22,22 @@ class Writer {
     }
     void zeros(std::uint64_t count) noexcept {
         for (; count != 0; --count) put('0');
+    }
+
+    Ch* end() const noexcept { return end_; }
+
+    // In front of what stands at place and behind.
+    void insert(char ch, Ch* place) noexcept {
+        std::memmove(place + 1, place, static_cast<std::size_t>(end_ - place) * sizeof(Ch));
+        *place = static_cast<Ch>(ch);
+        ++end_;
+    }
+
+    // A value below 10000 with its leading zeros.
+    void fourDigits(std::uint32_t value) noexcept {
+        const std::uint32_t high = value / 100, low = value % 100;
+        for (const std::uint32_t digit : {high / 10, high % 10, low / 10, low % 10})
+            put(static_cast<char>('0' + digit));
     }
 
     // The low four bits alone.
@@ -81,50 +98,52 @@ std::uint64_t signedToBuffer(std::int64_t value, Ch* buffer, std::uint32_t radix
     return out.finish();
 }
 
-// The digits of a mantissa of at least 1 and below the radix, one after the other. Each is the
-// whole part of the mantissa, which then loses it and is multiplied by the radix, rounded as
-// doubles are.
-class Digits {
-  public:
-    Digits(double mantissa, std::uint32_t radix) noexcept : mantissa_(mantissa), radix_(radix) {}
-
-    std::uint32_t next() noexcept {
-        const double digit = std::floor(mantissa_);
-        mantissa_ = (mantissa_ - digit) * radix_;
-        return nuv64::clampToDword(digit);
+// Writes count digits of a mantissa of at least 1 and below the radix. Each is the whole part of
+// the mantissa, which then loses it and is multiplied by the radix, rounded as doubles are.
+template <class Ch>
+void putDigits(Writer<Ch>& out, double mantissa, std::uint32_t count,
+               std::uint32_t radix) noexcept {
+    for (; count != 0; --count) {
+        const double digit = std::floor(mantissa);
+        out.digit(nuv64::clampToDword(digit));
+        mantissa = (mantissa - digit) * radix;
     }
+}
 
-  private:
-    double mantissa_;
-    std::uint32_t radix_;
-};
+// A product of up to 56 bits, rounded to the 53 of a double, half to even.
+std::uint64_t roundedAsDouble(std::uint64_t product) noexcept {
+    const int excess = std::max(static_cast<int>(std::bit_width(product)) - 53, 0);
+    if (excess == 0) return product;
+    const std::uint64_t half = (std::uint64_t{1} << excess) >> 1;
+    const std::uint64_t even = product >> excess & 1;
+    return (product + half - 1 + even) >> excess << excess;
+}
 
 // The same in base 10, with the mantissa as an integer in units of 2^-52, in which each of its
-// values is whole: products of up to 56 bits are rounded to the 53 of a double, half to even.
-// Several times as fast, as no step waits for a conversion.
-class DecimalDigits {
-  public:
-    explicit DecimalDigits(double mantissa) noexcept
-        : mantissa_(static_cast<std::uint64_t>(mantissa * kOne)) {}
-
-    std::uint32_t next() noexcept {
-        const auto digit = static_cast<std::uint32_t>(mantissa_ >> 52);
-        const std::uint64_t product = (mantissa_ & (kOne - 1)) * 10;
-        const int excess = std::max(static_cast<int>(std::bit_width(product)) - 53, 0);
-        const std::uint64_t half = (std::uint64_t{1} << excess) >> 1;
-        const std::uint64_t even = product >> excess & 1;
-        mantissa_ = excess == 0 ? product : (product + half - 1 + even) >> excess << excess;
-        return digit;
+// values is whole. A product is ten times a fraction and so has one zero bit more at its end than
+// that; at most three bits are beyond a double's 53. From the third product on nothing is lost,
+// units of 2^-50 do, and four digits come out of one product.
+template <class Ch>
+void putDecimalDigits(Writer<Ch>& out, double mantissa, std::uint32_t count) noexcept {
+    constexpr std::uint64_t one = std::uint64_t{1} << 52, shortOne = one >> 2;
+    auto value = static_cast<std::uint64_t>(mantissa * static_cast<double>(one));
+    for (int i = 0; i < 2 && count != 0; ++i, --count) {
+        out.digit(static_cast<std::uint32_t>(value >> 52));
+        value = roundedAsDouble((value & (one - 1)) * 10);
     }
-
-  private:
-    static constexpr std::uint64_t kOne = std::uint64_t{1} << 52;
-    std::uint64_t mantissa_;
-};
-
-template <class Ch, class Source>
-void putDigits(Writer<Ch>& out, Source& source, std::uint32_t count) noexcept {
-    for (; count != 0; --count) out.digit(source.next());
+    if (count == 0) return;
+    out.digit(static_cast<std::uint32_t>(value >> 52));
+    std::uint64_t fraction = (value & (one - 1)) >> 2;
+    for (--count; count >= 4; count -= 4) {
+        fraction *= 10000;
+        out.fourDigits(static_cast<std::uint32_t>(fraction >> 50));
+        fraction &= shortOne - 1;
+    }
+    for (; count != 0; --count) {
+        fraction *= 10;
+        out.digit(static_cast<std::uint32_t>(fraction >> 50));
+        fraction &= shortOne - 1;
+    }
 }
 
 // What a base gives a double for sure.
@@ -133,39 +152,29 @@ std::uint32_t defaultDigits(std::uint32_t radix) noexcept {
     return nuv64::clampToDword(std::floor(-std::log(___EpsReal) / std::log(radix)));
 }
 
-// The digits and the point, or the exponent, of a number that is not negative.
-template <class Ch, class Source>
-void putMagnitude(Writer<Ch>& out, Source source, std::int32_t exponent, std::uint32_t digits,
-                  std::uint32_t radix) noexcept {
-    if (exponent < -3 || exponent >= static_cast<std::int64_t>(digits)) {
-        putDigits(out, source, 1);
-        out.put('.');
-        putDigits(out, source, digits - 1);
-        out.put(radix == 10 ? 'e' : '_');
-        out.signedInteger(exponent, radix);
-    } else if (exponent < 0) {
-        out.put("0.");
-        out.zeros(static_cast<std::uint64_t>(-exponent - 1));
-        putDigits(out, source, digits);
-    } else {
-        const std::uint32_t whole = static_cast<std::uint32_t>(exponent) + 1;
-        putDigits(out, source, whole);
-        out.put('.');
-        putDigits(out, source, digits - whole);
-    }
-}
-
 template <class Ch>
 void putFinite(Writer<Ch>& out, double value, std::uint32_t digits, std::uint32_t radix) noexcept {
     std::int32_t exponent = 0;
     const double mantissa =
         nuv64::mantissaAndExponent(std::fabs(value), &exponent, static_cast<std::int32_t>(radix));
     if (digits == 0) digits = std::max(defaultDigits(radix), 1u);
+    const bool scientific = exponent < -3 || exponent >= static_cast<std::int64_t>(digits);
+    const bool fraction = !scientific && exponent < 0;
     if (value < 0) out.put('-');
+    if (fraction) {
+        out.put("0.");
+        out.zeros(static_cast<std::uint64_t>(-exponent - 1));
+    }
+    Ch* const first = out.end();
     if (radix == 10) {
-        putMagnitude(out, DecimalDigits(mantissa), exponent, digits, radix);
+        putDecimalDigits(out, mantissa, digits);
     } else {
-        putMagnitude(out, Digits(mantissa, radix), exponent, digits, radix);
+        putDigits(out, mantissa, digits, radix);
+    }
+    if (!fraction) out.insert('.', first + (scientific ? 1 : exponent + 1));
+    if (scientific) {
+        out.put(radix == 10 ? 'e' : '_');
+        out.signedInteger(exponent, radix);
     }
 }
 

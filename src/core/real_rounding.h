@@ -87,6 +87,30 @@ Integer roundInRange(double x, std::uint32_t* flags) noexcept {
     return static_cast<Integer>(rounded);
 }
 
+// Divides a finite magnitude of at least 10 by 10 until it is below 10, counting the steps. Each
+// quotient is rounded as doubles are, but by integers, which takes half the time of a division: the
+// tenth of a significand m of 53 bits is 8m/5 or 4m/5, whichever has 53 bits again. A fifth is
+// never a tie, so that rounding to the nearest is taking the whole part of (8m + 2)/5, and that is
+// a product's high half (Granlund and Montgomery, ACM SIGPLAN Notices 29(6), 61, 1994).
+inline double dividedByTens(double magnitude, std::int32_t& steps) noexcept {
+    __extension__ using Wide = unsigned __int128;
+    constexpr std::uint64_t one = std::uint64_t{1} << 52;
+    constexpr std::uint64_t oneAndAQuarter = one + (one >> 2);
+    constexpr std::uint64_t fifth = 0x3333333333333334;  // 2^64 / 5, exact enough below 2^62
+    const auto bits = std::bit_cast<std::uint64_t>(magnitude);
+    std::uint64_t significand = (bits & (one - 1)) | one;
+    std::uint64_t exponent = bits >> 52;
+    constexpr std::uint64_t exponentOf8 = 1023 + 3;
+    while (exponent > exponentOf8 || (exponent == exponentOf8 && significand >= oneAndAQuarter)) {
+        const bool small = significand < oneAndAQuarter;
+        const std::uint64_t dividend = small ? 8 * significand + 2 : 4 * significand + 2;
+        significand = static_cast<std::uint64_t>(Wide{dividend} * fifth >> 64);
+        exponent -= small ? 4 : 3;
+        ++steps;
+    }
+    return std::bit_cast<double>(exponent << 52 | (significand & (one - 1)));
+}
+
 }  // namespace detail
 
 // The four below replace *flags (which may be null). A not-a-number counts as below the range.
@@ -132,6 +156,7 @@ inline double mantissaAndExponent(double x, std::int32_t* exponent, std::int32_t
         return x;
     }
     double magnitude = std::fabs(x);
+    if (radix == 10 && magnitude >= 10.0) magnitude = detail::dividedByTens(magnitude, steps);
     for (; magnitude >= radix; ++steps) magnitude /= radix;
     for (; magnitude < 1.0; --steps) magnitude *= radix;
     return std::copysign(magnitude, x);
