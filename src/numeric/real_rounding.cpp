@@ -58,8 +58,10 @@ double rTrunc(double x) noexcept {
 }
 
 double rModf(double x, double* whole) noexcept {
-    double unused;
-    return std::modf(x, whole ? whole : &unused);
+    double rest;
+    const double fraction = std::modf(x, &rest);
+    if (whole) *whole = std::copysign(rest, x);
+    return std::copysign(fraction, x);  // the runtime of Windows gives every zero the sign +
 }
 
 double rFmod(double x, double y) noexcept {

@@ -39,6 +39,16 @@ TEST(Rounding, ModfSplits) {
     EXPECT_EQ(rModf(kInf, &whole), 0.0);
     EXPECT_EQ(whole, kInf);
     EXPECT_TRUE(std::isnan(rModf(kQuiet, &whole)));
+    EXPECT_TRUE(std::isnan(whole));
+    // Both parts have the sign of x, also where they are 0.
+    for (const double x : {0.0, 0.25, 3.0, 0x1p60, kInf}) {
+        for (const double signedX : {x, -x}) {
+            const double fraction = rModf(signedX, &whole);
+            EXPECT_EQ(std::signbit(fraction), std::signbit(signedX)) << signedX;
+            EXPECT_EQ(std::signbit(whole), std::signbit(signedX)) << signedX;
+            EXPECT_EQ(whole, rTrunc(signedX));
+        }
+    }
 }
 
 TEST(Rounding, RemainderTowardsZero) {
