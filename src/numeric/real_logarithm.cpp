@@ -106,7 +106,9 @@ double rLogT1(double x) noexcept {
     const double magnitude = std::fabs(x);
     if (magnitude < ___Root4EpsReal) return nuv64::horner(kT1Short, x);
     if (magnitude < kBranch) return nuv64::horner(kT1, x);
-    return std::log1p(x) / x;
+    // The rounding of u enters both and nearly cancels.
+    const double u = 1.0 + x;
+    return std::log(u) / (u - 1.0);
 }
 
 double rLogT2(double x) noexcept {

@@ -52,12 +52,13 @@ NUV64_API double rLogSym(double x) NUV64_NOEXCEPT;
 NUV64_API double rLogSym10(double x) NUV64_NOEXCEPT;
 
 /* ln(1 + x)/x, 1 at 0. Taylor polynomials of four terms below ___Root4EpsReal in magnitude and of
- * six below 0.001, then the quotient with the C runtime's log1p; within two ulps. An infinity at
- * -1, a not-a-number below. (Abramowitz and Stegun 4.1.24.) */
+ * six below 0.001 (Abramowitz and Stegun 4.1.24), then ln(u)/(u - 1) with u the rounded 1 + x
+ * (Goldberg, ACM Computing Surveys 23 (1991) 5, theorem 4); within two ulps. An infinity at -1, a
+ * not-a-number below. */
 NUV64_API double rLogT1(double x) NUV64_NOEXCEPT;
 
 /* (ln(1 + x)/x - 1)/x, -1/2 at 0. The branches of rLogT1; one ulp in the polynomials, and beyond
- * them about 2/|x| ulps for small x, 2000 at the branch point. */
+ * them, with the C runtime's log1p, about 2/|x| ulps for small x, 2000 at the branch point. */
 NUV64_API double rLogT2(double x) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS
