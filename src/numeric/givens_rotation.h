@@ -31,7 +31,8 @@ inline GivensRotation givensRotation(double a, double b) noexcept {
     const double magnitudeA = std::fabs(a);
     const double magnitudeB = std::fabs(b);
     const double scale = magnitudeA > magnitudeB ? magnitudeA : magnitudeB;
-    if (scale == 0.0) return {1.0, 0.0, 0.0};
+    // The length is 0, or the not-a-number that was not found larger.
+    if (scale == 0.0) return {1.0, 0.0, magnitudeA + magnitudeB};
     const double x = a / scale;
     const double y = b / scale;
     const double length = lengthOverLarger(x, y);

@@ -58,6 +58,8 @@ TEST(GivensRotation, Edges) {
     EXPECT_EQ(Givens(-2.0, 0.0).c, -1.0);
     EXPECT_TRUE(std::isnan(Givens(kQuiet, 1.0).a));
     EXPECT_TRUE(std::isnan(Givens(1.0, kQuiet).c));
+    EXPECT_TRUE(std::isnan(Givens(kQuiet, 0.0).a));
+    EXPECT_TRUE(std::isnan(Givens(0.0, kQuiet).a));
     EXPECT_TRUE(std::isnan(Givens(kInf, 1.0).c));
     double x[4] = {3, 4, 5, 6};
     rGivensRotation(nullptr, x, x, x);

@@ -10,7 +10,8 @@ NUV64_BEGIN_DECLS
 /* The rotation that turns (*a, *b) onto the first axis: *a becomes the length, which is never
  * negative, *b becomes 0, and *c = a/length, *s = b/length. (0, 0) gives c = 1, s = 0. Both are
  * scaled by the larger magnitude first, so nothing overflows unless the length does. c^2 + s^2 is 1
- * within 3 last places. The sign is not that of the BLAS rotation.
+ * within 3 last places. The sign is not that of the BLAS rotation. A not-a-number makes the length
+ * one, and an infinity makes all three not-a-numbers.
  * (Golub and Van Loan, Matrix Computations, 5.1.8.) */
 NUV64_API void rGivensRotation(double* a, double* b, double* c, double* s) NUV64_NOEXCEPT;
 
