@@ -193,7 +193,6 @@ def multisets(n, k):
     return 0 if n == 0 or k < 0 else signed_comb(n + k - 1, k)
 
 
-
 def binomials():
     pairs = [(n, k) for n in range(24) for k in range(n + 2)] + [(n, n // 2) for n in range(24, 72)] + edge_pairs()
     pairs += [(rng.randrange(2**b), rng.randrange(9)) for b in range(5, 64) for _ in range(2)]
@@ -304,4 +303,5 @@ def main():
     FAMILIES[family]()
 
 
-main()
+if __name__ == "__main__":
+    main()

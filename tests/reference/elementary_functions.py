@@ -4,66 +4,22 @@
 usage: python3 tests/reference/elementary_functions.py FAMILY > tests/numeric/real_FAMILY_reference.inc
 
 FAMILY: exponential, logarithm, powers, trigonometric or hyperbolic; chebyshev makes
-chebyshev_reference.inc. A row holds the exact arguments
-and, for each function of the table, the double nearest to its true value and what is missing to the
-true value in units of that double's last place. Every table has the branch points of its functions,
-their neighbours on both sides, and arguments scattered evenly by their logarithm.
+chebyshev_reference.inc. reference_tables.py says what a row holds. Every table has the branch points
+of its functions, their neighbours on both sides, and arguments scattered evenly by their logarithm.
 """
+import functools
 import math
 import random
 import sys
 
-import mpmath as mp
+import reference_tables
+from reference_tables import down, mp, up
 
-mp.mp.dps = 50
 rng = random.Random(20240608)
+table = functools.partial(reference_tables.table, write=reference_tables.hexadecimal)
 EPS = 2.0**-52
 ROOT4_EPS = 2.0**-13
 LN_MAX = 709.782712893384
-
-
-def literal(x):
-    text = float(x).hex()
-    mantissa, exponent = text.split("p")
-    if "." in mantissa:
-        mantissa = mantissa.rstrip("0").rstrip(".")
-    return f"{mantissa}p{int(exponent)}"
-
-
-def value_columns(true):
-    """The nearest double and the rest in its last places."""
-    nearest = float(true)
-    if math.isinf(nearest) or math.isnan(nearest):
-        raise ValueError("no double")
-    rest = (mp.mpf(true) - mp.mpf(nearest)) / mp.mpf(math.ulp(nearest))
-    return [literal(nearest), f"{float(rest):.3f}".replace("0.", ".", 1)]
-
-
-def table(name, comment, arguments, *functions):
-    """One row for each tuple of arguments at which all functions have a finite value."""
-    rows = []
-    for args in arguments:
-        args = args if isinstance(args, tuple) else (args,)
-        try:
-            values = [f(*map(mp.mpf, args)) for f in functions]
-            columns = [c for v in values for c in value_columns(v)]
-        except (ValueError, ZeroDivisionError, OverflowError, TypeError):
-            continue
-        rows.append([literal(a) for a in args] + columns)
-    if len(rows) < 200:
-        sys.exit(f"{name}: {len(rows)} rows")
-    print(f"// {comment}\nconstexpr double {name}[][{len(rows[0])}] = {{")
-    for row in rows:
-        print("{" + ",".join(row) + "},")
-    print("};\n")
-
-
-def down(x):
-    return math.nextafter(x, -math.inf)
-
-
-def up(x):
-    return math.nextafter(x, math.inf)
 
 
 def around(*points):
@@ -275,4 +231,5 @@ def main():
     FAMILIES[family]()
 
 
-main()
+if __name__ == "__main__":
+    main()

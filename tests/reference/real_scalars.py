@@ -279,4 +279,5 @@ def main():
     FAMILIES[family]()
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -13,35 +13,37 @@ mp.mp.dps = 50
 rng = random.Random(20240611)
 
 
-def literal(x):
-    if float(x) == int(x) and abs(x) < 1e6:
-        return str(int(x))
+def hexadecimal(x):
     mantissa, exponent = float(x).hex().split("p")
     if "." in mantissa:
         mantissa = mantissa.rstrip("0").rstrip(".")
     return f"{mantissa}p{int(exponent)}"
 
 
-def value_columns(true):
+def literal(x):
+    return str(int(x)) if float(x) == int(x) and abs(x) < 1e6 else hexadecimal(x)
+
+
+def value_columns(true, write=literal):
     """The nearest double and the rest in its last places."""
     nearest = float(true)
     if math.isinf(nearest) or math.isnan(nearest):
         raise ValueError("no double")
     rest = (mp.mpf(true) - mp.mpf(nearest)) / mp.mpf(math.ulp(nearest))
-    return [literal(nearest), f"{float(rest):.3f}".replace("0.", ".", 1)]
+    return [write(nearest), f"{float(rest):.3f}".replace("0.", ".", 1)]
 
 
-def table(name, comment, arguments, *functions, least=200):
-    """One row for each tuple of arguments at which all functions have a finite value."""
+def table(name, comment, arguments, *functions, least=200, write=literal):
+    """One row for each tuple of arguments at which all functions have a finite value; write prints a number."""
     rows = []
     for args in arguments:
         args = args if isinstance(args, tuple) else (args,)
         try:
             values = [f(*map(mp.mpf, args)) for f in functions]
-            columns = [c for v in values for c in value_columns(v)]
+            columns = [c for v in values for c in value_columns(v, write)]
         except (ValueError, ZeroDivisionError, OverflowError, TypeError):
             continue
-        rows.append([literal(a) for a in args] + columns)
+        rows.append([write(a) for a in args] + columns)
     if len(rows) < least:
         sys.exit(f"{name}: {len(rows)} rows")
     print(f"// {comment}\nconstexpr double {name}[][{len(rows[0])}] = {{")
