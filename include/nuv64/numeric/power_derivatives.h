@@ -9,7 +9,8 @@ NUV64_BEGIN_DECLS
 
 /* Of x^n: n*(n - 1)*...*(n - d + 1)*x^(n - d) for d > 0, which is 0 for d above n;
  * x^(n - d)/((n + 1)*...*(n - d)) for d < 0. Powers by ruPower; the error is about n/2 + |d| last
- * places. A power that overflows gives an infinity, before any division. */
+ * places. A power that overflows gives an infinity, before any division. So does the product of
+ * the factors before it meets the power: a power of 0 makes a not-a-number of it. */
 NUV64_API double ruPowerAD(double x, uint64_t n, int64_t d) NUV64_NOEXCEPT;
 
 /* The same for signed n; n >= 0 is ruPowerAD. For n below 0:

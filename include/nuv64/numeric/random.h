@@ -12,8 +12,9 @@
 
 NUV64_BEGIN_DECLS
 
-/* A number from the open interval (0, 1), evenly distributed in steps of 4.656612875245797e-10; the
- * largest is 1 - ___2EpsReal. */
+/* A number from the open interval (0, 1), evenly distributed over the multiples of
+ * 4.656612875245797e-10: the largest is 2147483646 of them, 4.7e-10 below 1. A limit at
+ * 1 - ___2EpsReal stands above that. */
 NUV64_API double pRgUniform0(void) NUV64_NOEXCEPT;
 
 /* A number from the standard normal distribution, by the polar method of Marsaglia. It draws pairs

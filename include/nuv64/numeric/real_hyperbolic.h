@@ -32,7 +32,8 @@ NUV64_API double rCoshFromSinh(double x) NUV64_NOEXCEPT;
 /* The positive sinh from cosh, sqrt(x + 1)*sqrt(x - 1); ___NAN for x below 1. Within three ulps. */
 NUV64_API double rSinhFromCosh(double x) NUV64_NOEXCEPT;
 
-/* tanh from sinh, and the positive tanh from cosh (___NAN for x below 1). Within four ulps. */
+/* tanh from sinh, and the positive tanh from cosh (___NAN for x below 1). Within four ulps. An
+ * infinity is divided by itself: a not-a-number. */
 NUV64_API double rTanhFromSinh(double x) NUV64_NOEXCEPT;
 NUV64_API double rTanhFromCosh(double x) NUV64_NOEXCEPT;
 

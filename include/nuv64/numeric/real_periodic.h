@@ -19,7 +19,7 @@ NUV64_API double rModuloOne(double x, double* whole) NUV64_NOEXCEPT;
  *
  * A difference that rounds to below 0 counts as 0. One that rounds to |p| counts as 0 and raises
  * *base by 1.0, whatever p is; callers that add base and rest see it only there, for x a rounding
- * error below a multiple of p. */
+ * error below a multiple of p. Both are not-a-numbers for an infinite p and a finite x. */
 NUV64_API double rModuloPeriod(double x, double p, double* base) NUV64_NOEXCEPT;
 
 /* The phase of x in a period p, in radians: 2 pi*rModuloPeriod(x, p, base)/p. In [0, 2 pi), for p
@@ -27,7 +27,8 @@ NUV64_API double rModuloPeriod(double x, double p, double* base) NUV64_NOEXCEPT;
 NUV64_API double rPhaseInPeriod(double x, double p, double* base) NUV64_NOEXCEPT;
 
 /* x rounded to a multiple of eps, halves away from zero: eps*round(x/eps). The quotient saturates
- * at ___MaxReal. x itself for eps of 0, below 0 or not a number; not-a-numbers come through. */
+ * at ___MaxReal. x itself for eps of 0, below 0 or not a number; not-a-numbers come through. An
+ * infinite eps gives a not-a-number. */
 NUV64_API double rRoundToEps(double x, double eps) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS

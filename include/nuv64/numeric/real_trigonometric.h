@@ -83,7 +83,7 @@ NUV64_API double rAtanXY(double x, double y) NUV64_NOEXCEPT;
 NUV64_API double rAcotanXY(double x, double y) NUV64_NOEXCEPT;
 
 /* The angle of the point (x, y) from the x axis, in [-pi, pi]; pi for y = 0 (of either sign) and x
- * below 0, 0 for x = y = 0. Within two ulps. */
+ * below 0, 0 for x = y = 0. Within two ulps. A not-a-number gives 0, but pi as y with x below 0. */
 NUV64_API double rAzimuth(double x, double y) NUV64_NOEXCEPT;
 
 /* The cosine of an angle in [-pi/2, pi/2] from its sine, and the sine of an angle in [0, pi] from
