@@ -29,7 +29,9 @@ TEST(RealCounts, OfElements) {
             EXPECT_EQ(RArrValueCount(n, a.data(), level, 1.5),
                       plainCount(a, [&](double x) { return std::fabs(x - level) <= 1.5; }));
         }
-        for (auto [low, high] : {std::pair{-1.0, 4.0}, {4.0, -1.0}, {0.0, 0.0}}) {
+        for (const auto& band : {std::pair{-1.0, 4.0}, {4.0, -1.0}, {0.0, 0.0}}) {
+            const double low = band.first;
+            const double high = band.second;
             uint64_t above = 7;
             uint64_t below = 7;
             const uint64_t inside = RArrBandCount(n, a.data(), low, high, &above, &below);
