@@ -141,6 +141,9 @@ TEST(IncompleteBeta, QuantileInvertsTheFunction) {
     // Quantiles below any double of the module come out as next to nothing.
     EXPECT_LT(rBetaIncRegInv(1e-10, 0.01, 1.0), 1e-13);
     EXPECT_GE(rBetaIncRegInv(1e-10, 0.01, 1.0), 0.0);
+    // Ten steps don't lead from every guess in a tail to the quantile.
+    EXPECT_NEAR(rBetaIncReg(rBetaIncRegInv(1e-6, 340.0, 1.01), 340.0, 1.01), 1e-6, 1e-14);
+    EXPECT_LT(rBetaIncReg(rBetaIncRegInv(3e-8, 340.0, 1.01), 340.0, 1.01), 1e-8);
 }
 
 }  // namespace

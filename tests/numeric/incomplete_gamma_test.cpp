@@ -134,6 +134,8 @@ TEST(IncompleteGamma, QuantileAtItsEdges) {
     }
     // Twelve steps don't lead all the way down from the least guess.
     EXPECT_LT(rGammaIncPInv(2.0, least), 1e-8);
+    // Nor up: the quantile is 0.0435.
+    EXPECT_NEAR(rGammaIncPInv(7.6, 2.5e-15), 0.024, 1e-4);
 }
 
 TEST(IncompleteGamma, QuantileInvertsTheFunction) {

@@ -10,7 +10,7 @@ NUV64_BEGIN_DECLS
 
 /* F(x). Below ___Root4EpsReal in magnitude by its series, above the inverse of that by its
  * asymptotic one, between by a continued fraction in 2x^2 with up to 100 levels (W. J. Cody, K. A.
- * Paciorek, H. C. Thacher, Math. Comp. 24, 1970). Within 12 ulps, but 70 for |x| from 1.2 to 8,
+ * Paciorek, H. C. Thacher, Math. Comp. 24, 1970). Within 12 ulps, but 75 for |x| from 1.2 to 9,
  * where the fraction's numerators and denominators cancel. */
 NUV64_API double rDawson(double x) NUV64_NOEXCEPT;
 

@@ -13,13 +13,15 @@ NUV64_BEGIN_DECLS
 
 /* psi(x), the derivative of ln Gamma. It has one zero at positive x, at 1.4616, and one between any
  * two neighbouring poles (Abramowitz and Stegun 6.3.5, 6.3.7, 6.3.18). Above 0.1 the absolute error
- * is below 1.5 ulps of 3 or of ln x. Below, the rounding of pi x enters, times the slope of the
- * cotangent: a few ulps away from poles and zeros, growing towards both with |x|. */
+ * is below 4.5 ulps of the largest of 3, |psi(x)| and ln x. Below, the rounding of pi x enters,
+ * times the slope of the cotangent: a few ulps away from poles and zeros, growing towards both with
+ * |x|. */
 NUV64_API double rPsi0(double x) NUV64_NOEXCEPT;
 
-/* psi'(x); positive everywhere (Abramowitz and Stegun 6.4.6, 6.4.7, 6.4.12). Within 3 ulps, but 26
- * between 7 and 11, where the first term that the series leaves out shows; for negative x growing
- * towards the poles with |x|. */
+/* psi'(x); positive everywhere (Abramowitz and Stegun 6.4.6, 6.4.7, 6.4.12). Within 3 ulps from 11
+ * on; below, where the series starts between 9 and 10, the first term that it leaves out shows with
+ * up to 4.3e-16: 28 ulps at 9, 15 at 5, 4 at 2. For negative x it grows towards the poles
+ * with |x|. */
 NUV64_API double rPsi1(double x) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS

@@ -19,7 +19,7 @@ NUV64_API double rE_1(double x) NUV64_NOEXCEPT;
  *
  * Below x = 1 from rE_1 by the recurrence over the order (5.1.14), from there on by the continued
  * fraction (5.1.22) with up to 1000 rounds. 0 where e^-x underflows, a not-a-number at infinity for
- * n above 0. Within 12 ulps below 1 and 60 just above, where the fraction converges slowly; 10 from
+ * n above 0. Within 12 ulps below 1 and 60 just above, where the fraction converges slowly; 12 from
  * x = 20 on. */
 NUV64_API double rEn(double x, uint64_t n) NUV64_NOEXCEPT;
 

@@ -35,7 +35,8 @@ NUV64_API double rBetaInc2(double x1, double x2, double a, double b) NUV64_NOEXC
  * First a guess (for a and b from 1 on Abramowitz and Stegun 26.2.22 and 26.5.22), then up to 10
  * steps of Halley's method until one is below ___EpsReal x. The result carries the error of I_x
  * over its slope. Quantiles below ___5EpsReal, where I_x counts as 0, are right in being next to
- * nothing alone. */
+ * nothing alone. Where p or 1 - p is below 3e-7 the steps may run out on the way from a guess far
+ * off, most for one order a little above 1 and the other large. */
 NUV64_API double rBetaIncRegInv(double p, double a, double b) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS

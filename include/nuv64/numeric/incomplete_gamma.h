@@ -37,8 +37,9 @@ NUV64_API double rGammaIncQ(double a, double x) NUV64_NOEXCEPT;
  * First a guess (for a above 1 that of Wilson and Hilferty from Abramowitz and Stegun 26.2.22 and
  * 26.4.17), then up to 12 steps of Halley's method until one is below 1e-8 x. ___NAN where P
  * doesn't converge. The result carries the error of P over its slope, a few hundred ulps for a of
- * some tens. Quantiles below 1e-150, where P counts as 0, are right in being next to nothing alone,
- * and for a above 1 so is p below 1e-20: the steps run out on the way down. */
+ * some tens. Quantiles below 1e-150, where P counts as 0, are right in being next to nothing alone.
+ * For a above 1 the steps may run out on the way from a guess far off where p is below 4e-12: for a
+ * = 7.6 and p = 2.5e-15 they end at half of the quantile. */
 NUV64_API double rGammaIncPInv(double a, double p) NUV64_NOEXCEPT;
 
 NUV64_END_DECLS

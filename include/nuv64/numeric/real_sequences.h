@@ -8,7 +8,7 @@ NUV64_BEGIN_DECLS
 
 /* H_n = 1 + 1/2 + ... + 1/n; 0 for n = 0. From a table up to n = 39, from its end upwards below 50,
  * and by the asymptotic series Euler's constant + ln n + 1/(2n) - 1/(12n^2) + 1/(120n^4) -
- * 1/(252n^6) from there on (Abramowitz and Stegun 6.3.2, 6.3.18). Within 1.7 ulps. */
+ * 1/(252n^6) from there on (Abramowitz and Stegun 6.3.2, 6.3.18). Within 2.5 ulps. */
 NUV64_API double rHarmonicNumber(uint64_t n) NUV64_NOEXCEPT;
 
 /* The Stirling number of the first kind, with its sign (-1)^(n-k). The magnitude is that of
