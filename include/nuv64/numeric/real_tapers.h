@@ -76,7 +76,7 @@ NUV64_API double rSmoothLoBoundTaper(double x, double bound, double factor) NUV6
 
 /* Bends large magnitudes: with e = bound/factor, x below e stays; above it is
  * x - ((x - e)/x)*(x - e), which rises towards 2 e; factor 2 makes that the bound. The
- * error is up to 4*(1 + x/bound) last places. */
+ * error is up to 4*(1 + x/bound) last places. An infinite x gives a not-a-number. */
 NUV64_API double rSmoothHiBoundTaper(double x, double bound, double factor) NUV64_NOEXCEPT;
 
 /* rSmoothHiBoundTaper by high of rSmoothLoBoundTaper by low, both with the same factor. */
