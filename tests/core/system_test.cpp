@@ -398,6 +398,7 @@ TEST(OsSetEnvironmentVariable, SetsAndRemoves) {
     EXPECT_FALSE(OsSetEnvironmentVariableA(nullptr, nullptr));
     EXPECT_FALSE(OsSetEnvironmentVariableA("", "x"));
     EXPECT_FALSE(OsSetEnvironmentVariableA("NUV64=TEST", "x"));
+    EXPECT_FALSE(OsSetEnvironmentVariableA("=NUV64", "x"));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "nuv64/core/critical_section.h"
+#include "nuv64/core/disk.h"
 #include "nuv64/core/file.h"
 #include "nuv64/core/file_time.h"
 #include "nuv64/core/process.h"
@@ -300,6 +301,23 @@ TEST(OsKillHandle, TakesHandlesOfAnyKind) {
     EXPECT_TRUE(OsKillHandle(&handle));
     char byte = 0;
     EXPECT_EQ(FileReadBinary(file, &byte, 1), -1) << "it is closed";
+}
+
+// The low half of a handle of a thread may be the number of an open file.
+TEST(Threads, AHandleIsNoFile) {
+    const TempFolder folder;
+    std::int64_t file = FileOpen(folder.wide("file").c_str(), 1);
+    const std::int64_t other = file + (std::int64_t{1} << 32);
+    EXPECT_FALSE(FileWriteA(other, "text"));
+    EXPECT_FALSE(OsFlushFileOrPortBuffers(other));
+    EXPECT_NE(nuv64::platform::lastError(), 0u);
+    char byte = 0;
+    EXPECT_EQ(FileReadBinary(other, &byte, 1), -1);
+    std::int64_t closed = other;
+    EXPECT_FALSE(FileClose(&closed, 0));
+    EXPECT_TRUE(FileWriteA(file, "x")) << "still open";
+    EXPECT_TRUE(FileClose(&file, 0));
+    EXPECT_EQ(folder.read("file"), "x");
 }
 
 struct Counter {

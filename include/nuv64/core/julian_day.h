@@ -25,7 +25,8 @@ NUV64_API double tDateToJulianDay(int32_t year, int32_t month, int32_t day,
  * noon, from 0 to below 1.
  *
  * Any pointer may be null. Where jd is infinite or not-a-number the date is 0, 0, 0 and the
- * fraction not-a-number (___NAN). Years beyond the range of 32 bits stop at its limits. */
+ * fraction not-a-number (___NAN). Years beyond the range of 32 bits stop at its limits; month and
+ * day mean nothing there. */
 NUV64_API void tJulianDayToDate(double jd, int32_t* month, int32_t* day, int32_t* year,
                                 double* fraction) NUV64_NOEXCEPT;
 

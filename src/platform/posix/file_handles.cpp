@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "platform/posix/native.h"
 
@@ -41,6 +42,12 @@ int aboveStandardStreams(int fd) noexcept {
     return moved;
 }
 
+// The handles of threads and processes lie above all descriptors; cut to an int they would be those
+// of other files.
+int descriptorOf(std::int64_t handle) noexcept {
+    return handle >= 0 && handle <= std::numeric_limits<int>::max() ? static_cast<int>(handle) : -1;
+}
+
 bool isDirectory(int fd) noexcept {
     struct stat status;
     return ::fstat(fd, &status) == 0 && S_ISDIR(status.st_mode);
@@ -66,11 +73,11 @@ std::int64_t openFile(const char16_t* path, const OpenRequest& request) {
 
 bool closeFile(std::int64_t handle) noexcept {
     // Never repeated: after EINTR the descriptor is gone and its number may be in use again.
-    return ::close(static_cast<int>(handle)) == 0 || errno == EINTR || noteError();
+    return ::close(descriptorOf(handle)) == 0 || errno == EINTR || noteError();
 }
 
 bool flushFile(std::int64_t handle) noexcept {
-    if (retried([&] { return ::fsync(static_cast<int>(handle)); }) == 0) return true;
+    if (retried([&] { return ::fsync(descriptorOf(handle)); }) == 0) return true;
     // Devices and pipes hold nothing back that could be flushed.
     return errno == EINVAL || errno == EROFS || errno == ENOTSUP || noteError();
 }
@@ -80,7 +87,7 @@ std::int64_t readFile(std::int64_t handle, void* buffer, std::uint64_t bytes) no
     while (done < bytes) {
         const std::uint64_t wanted = std::min(bytes - done, kLargestTransfer);
         const ssize_t got = retried([&] {
-            return ::read(static_cast<int>(handle), static_cast<char*>(buffer) + done, wanted);
+            return ::read(descriptorOf(handle), static_cast<char*>(buffer) + done, wanted);
         });
         if (got < 0) return noteError(), -1;
         if (got == 0) break;
@@ -94,7 +101,7 @@ bool writeFile(std::int64_t handle, const void* data, std::uint64_t bytes) noexc
     while (done < bytes) {
         const std::uint64_t wanted = std::min(bytes - done, kLargestTransfer);
         const ssize_t put = retried([&] {
-            return ::write(static_cast<int>(handle), static_cast<const char*>(data) + done, wanted);
+            return ::write(descriptorOf(handle), static_cast<const char*>(data) + done, wanted);
         });
         if (put < 0) return noteError();
         if (put == 0) return noteError(ENOSPC);
@@ -108,7 +115,7 @@ bool seekFile(std::int64_t handle, std::int64_t distance, Origin origin,
     const int whence = origin == Origin::kStart ? SEEK_SET
                        : origin == Origin::kEnd ? SEEK_END
                                                 : SEEK_CUR;
-    const off_t offset = ::lseek(static_cast<int>(handle), distance, whence);
+    const off_t offset = ::lseek(descriptorOf(handle), distance, whence);
     if (offset < 0) return noteError();
     if (result) *result = offset;
     return true;
@@ -116,7 +123,7 @@ bool seekFile(std::int64_t handle, std::int64_t distance, Origin origin,
 
 bool fileSize(std::int64_t handle, std::int64_t* size) noexcept {
     struct stat status;
-    if (::fstat(static_cast<int>(handle), &status) != 0) return noteError();
+    if (::fstat(descriptorOf(handle), &status) != 0) return noteError();
     *size = status.st_size;
     return true;
 }
@@ -124,8 +131,7 @@ bool fileSize(std::int64_t handle, std::int64_t* size) noexcept {
 bool truncateFile(std::int64_t handle) noexcept {
     std::int64_t offset = 0;
     if (!seekFile(handle, 0, Origin::kCurrent, &offset)) return false;
-    return retried([&] { return ::ftruncate(static_cast<int>(handle), offset); }) == 0 ||
-           noteError();
+    return retried([&] { return ::ftruncate(descriptorOf(handle), offset); }) == 0 || noteError();
 }
 
 }  // namespace nuv64::platform

@@ -169,7 +169,8 @@ WaitResult waitForProcess(std::int64_t process, std::uint32_t milliseconds,
                           std::uint32_t& exitCode) {
     const auto child = childOf(process);
     if (!child) return WaitResult::kFailed;
-    if (milliseconds == kForEver) waitForEnd(child->id());
+    // The number of a child that is gone may be another's.
+    if (milliseconds == kForEver && child->isActive()) waitForEnd(child->id());
     // There is no wait with a time limit for one child: asked again and again, soon at first.
     const std::uint64_t start = sessionMilliseconds();
     for (std::uint64_t pause = 1;; pause = std::min<std::uint64_t>(2 * pause, 16)) {

@@ -52,7 +52,8 @@ std::optional<std::u16string> environmentVariable(const char16_t* name) {
 }
 
 bool setEnvironmentVariable(const char16_t* name, const char16_t* value) {
-    if (!name || !*name) {
+    // The system itself would take a name that starts with "=".
+    if (!name || !*name || *name == u'=') {
         ::SetLastError(ERROR_INVALID_PARAMETER);
         return false;
     }
