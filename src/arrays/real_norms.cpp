@@ -1,5 +1,6 @@
 #include "nuv64/arrays/real_norms.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "nuv64/arrays/real_reductions.h"
@@ -42,9 +43,8 @@ struct IndexWindow {
     }
     double weight(uint64_t i) const noexcept {
         const double place = static_cast<double>(i);
-        const double distance = place < low ? low - place : place > high ? place - high : 0.0;
-        if (distance == 0.0) return 1.0;
-        const double ratio = distance / edge;
+        if (low <= place && place <= high) return 1.0;
+        const double ratio = std::min(std::fabs(place - low), std::fabs(place - high)) / edge;
         return rExp(-(ratio * ratio));
     }
 };

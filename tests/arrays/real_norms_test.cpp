@@ -112,6 +112,20 @@ TEST(RealNorms, DistanceOfDistributions) {
     }
 }
 
+TEST(RealNorms, DistanceWithBothIndicesOutsideIsThatAtTheEdge) {
+    const Values a = samples::random(20, 9);
+    const Values b = samples::random(20, 10);
+    const auto distance = [&](double i1, double i2) {
+        return RArrMetricVornsLoc(20, a.data(), b.data(), i1, i2, 2.0);
+    };
+    for (double far : {25.0, 1e300, kInf}) {
+        EXPECT_EQ(distance(far, 22.0), distance(19.0, 19.0));
+        EXPECT_EQ(distance(-far, -3.0), distance(0.0, 0.0));
+    }
+    distance(kQuietNan, 3.5);  // ends
+    distance(3.5, kQuietNan);
+}
+
 TEST(RealNorms, DistanceOfDistributionsWithoutArraysIsAStatus) {
     const double a[] = {1.0, 2.0};
     EXPECT_EQ(RArrMetricVorns(2, nullptr, a), 14.0);
@@ -120,9 +134,11 @@ TEST(RealNorms, DistanceOfDistributionsWithoutArraysIsAStatus) {
     EXPECT_EQ(RArrMetricVornsLoc(2, nullptr, a, 0.0, 1.0, 1.0), 14.0);
     EXPECT_EQ(RArrMetricVornsLoc(2, a, nullptr, 0.0, 1.0, 1.0), 14.0);
     EXPECT_TRUE(std::isnan(RArrMetricVornsLoc(0, a, a, 0.0, 1.0, 1.0)));
-    EXPECT_EQ(RArrMetricVornsLoc(2, a, a, 0.0, 0.0, -3.0),
-              RArrMetricVornsLoc(2, a, a, 0.0, 0.0, 0.1));
     const double b[] = {2.0, 1.0};
+    for (double edge : {0.0, -3.0}) {
+        EXPECT_EQ(RArrMetricVornsLoc(2, a, b, 0.25, 0.25, edge),
+                  RArrMetricVornsLoc(2, a, b, 0.25, 0.25, 0.1));
+    }
     EXPECT_GT(RArrMetricVornsLoc(2, a, b, kInf, -kInf, 1.0), 0.0);
     EXPECT_TRUE(std::isnan(RArrMetricVornsLoc(2, a, b, 0.0, 0.0, kQuietNan)));
     const double zero[] = {0.0, 0.0};

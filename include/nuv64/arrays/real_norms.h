@@ -32,8 +32,9 @@ NUV64_API double RArrMetricVorns(uint64_t n, const double* a, const double* b) N
 
 /* The same with the elements weighted: 1 between the indices i1 and i2 (in either order; both
  * limited to the array, i1 and i2 need not be whole), outside exp(-(d/edge)^2) with the distance d,
- * in elements, from the nearer of the two. An edge at or below 0 counts as 0.1. The squares are
- * divided by the sum of the weights. A null array gives 14.0. */
+ * in elements, from the nearer of the two: both above the array count as its last index, both below
+ * it as 0. What a not-a-number among them gives has no meaning. An edge at or below 0 counts as
+ * 0.1. The squares are divided by the sum of the weights. A null array gives 14.0. */
 NUV64_API double RArrMetricVornsLoc(uint64_t n, const double* a, const double* b, double i1,
                                     double i2, double edge) NUV64_NOEXCEPT;
 
