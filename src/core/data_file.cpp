@@ -2,7 +2,6 @@
 #include "core/data_file.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <string>
 
 #include "core/file_open.h"
@@ -12,6 +11,7 @@
 #include "nuv64/core/path.h"
 #include "nuv64/core/system.h"
 #include "nuv64/core/text_edit.h"
+#include "nuv64/core/text_search.h"
 #include "platform/platform.h"
 
 using namespace nuv64;
@@ -84,11 +84,6 @@ std::u16string resolvedPath(const char16_t* name, const char16_t* folder,
     return platform::searchFile(file.c_str(), nullptr, nullptr);
 }
 
-const char* skipWhite(const char* text) {
-    while (*text != 0 && std::abs(static_cast<signed char>(*text)) <= ' ') ++text;
-    return text;
-}
-
 }  // namespace
 
 cKoFile::cKoFile(const char16_t* name, const char16_t* folder, const char16_t* defaultExtension) {
@@ -125,8 +120,9 @@ bool cKoFile::fail(std::uint32_t code) noexcept {
 
 bool cKoFile::SetPath(const char16_t* name, const char16_t* folder,
                       const char16_t* defaultExtension) {
-    Reset();
+    // The texts may be those of this object: resolve them before it is reset.
     const std::u16string resolved = resolvedPath(name, folder, defaultExtension);
+    Reset();
     if (resolved.empty() || resolved.find_first_of(u"*?|<>\"") != resolved.npos) return false;
     path = copyText(resolved.data(), resolved.size());
     return true;
@@ -200,7 +196,7 @@ bool cKoFile::Close() noexcept {
 
 std::int32_t cKoFile::CheckDiscriminator(const char* text, std::uint32_t) {
     if (!OpenExisting(0, 0)) return -1;
-    if (!text || *skipWhite(text) == 0) return 0;
+    if (StringIsEmptyA(text)) return 0;
     const std::int64_t saved = position;
     const bool matches = startsWithLine(text);
     if (!matches) Close();
@@ -215,7 +211,7 @@ bool cKoFile::startsWithLine(const char* text) {
     const std::int64_t got = Read(start, kDiscriminatorBytes);
     if (got <= 0) return false;
     start[got] = 0;
-    return std::string_view(skipWhite(start)).starts_with(skipWhite(text));
+    return StringStartsWithA(start, text + StringIndex1stNonWhiteA(text), 1);
 }
 
 std::int32_t cKoFile::CreateWithDiscriminator(const char* text, std::uint32_t reporting) {

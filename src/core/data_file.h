@@ -132,7 +132,7 @@ struct cKoFile : cKoObject {
     std::int64_t bytesBack() noexcept;
     bool readAt(std::int64_t offset, void* buffer, std::int64_t bytes) noexcept;
     bool writeAt(std::int64_t offset, const void* data, std::int64_t bytes) noexcept;
-    bool prepareEdit(std::int64_t offset) noexcept;
+    bool prepareEdit(std::int64_t offset, std::int64_t added) noexcept;
     bool finishEdit(bool succeeded, std::int64_t newPosition, std::int64_t newSize) noexcept;
     bool moveTailForward(std::int64_t from, std::int64_t to);
     bool moveTailBack(std::int64_t offset, std::int64_t distance);

@@ -85,13 +85,15 @@ bool cKoFile::writeAt(std::int64_t offset, const void* data, std::int64_t bytes)
            platform::writeFile(handle, data, static_cast<std::uint64_t>(bytes));
 }
 
-// Drops the window, which is about to be out of date, and asks the size.
-bool cKoFile::prepareEdit(std::int64_t offset) noexcept {
+// Drops the window, which is about to be out of date, and asks the size. Fails where the file could
+// not take that many more bytes.
+bool cKoFile::prepareEdit(std::int64_t offset, std::int64_t added) noexcept {
     if (!IsOpen()) return fail(platform::kErrorInvalidHandle);
     if (offset < 0) return fail(platform::kErrorInvalidArgument);
     DropWindow();
     platform::setLastError(0);
-    return note(platform::fileSize(handle, &size));
+    if (!note(platform::fileSize(handle, &size))) return false;
+    return added <= INT64_MAX - std::max(size, offset) || fail(platform::kErrorInvalidArgument);
 }
 
 bool cKoFile::finishEdit(bool succeeded, std::int64_t newPosition, std::int64_t newSize) noexcept {
@@ -131,7 +133,7 @@ bool cKoFile::moveTailBack(std::int64_t offset, std::int64_t distance) {
 bool cKoFile::DeleteBytes(std::int64_t offset, std::int64_t count) {
     if (count == 0) return true;
     if (count < 0) return fail(platform::kErrorInvalidArgument);
-    if (!prepareEdit(offset)) return false;
+    if (!prepareEdit(offset, 0)) return false;
     if (offset >= size) return true;
     const std::int64_t removed = std::min(count, size - offset);
     const std::int64_t newSize = size - removed;
@@ -144,13 +146,13 @@ bool cKoFile::DeleteBytes(std::int64_t offset, std::int64_t count) {
 bool cKoFile::InsertBytes(std::int64_t offset, const void* data, std::int64_t count) {
     if (!data || count == 0) return true;
     if (count < 0) return fail(platform::kErrorInvalidArgument);
-    if (!prepareEdit(offset)) return false;
+    if (!prepareEdit(offset, count)) return false;
     const bool moved = moveTailBack(offset, count) && writeAt(offset, data, count);
     return finishEdit(moved, offset + count, std::max(size, offset) + count);
 }
 
 bool cKoFile::overwriteBytes(std::int64_t offset, const void* data, std::int64_t count) noexcept {
-    if (!prepareEdit(offset)) return false;
+    if (!prepareEdit(offset, count)) return false;
     return finishEdit(writeAt(offset, data, count), offset + count, std::max(size, offset + count));
 }
 

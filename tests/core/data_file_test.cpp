@@ -75,6 +75,14 @@ TEST(DataFileSetPath, MakesATemporaryNameWhenThereIsNone) {
     EXPECT_EQ(resolved(nullptr, u"no_such_folder_q7", nullptr), std::nullopt);
 }
 
+TEST(DataFileSetPath, TakesItsOwnPath) {
+    cKoFile file(u"\\d\\a", nullptr, nullptr);
+    ASSERT_TRUE(file.SetPath(file.path.get(), nullptr, u"sdf"));
+    EXPECT_EQ(std::u16string(file.path.get()), u"\\d\\a.sdf");
+    ASSERT_TRUE(file.SetPath(u"b", file.path.get(), nullptr));
+    EXPECT_EQ(std::u16string(file.path.get()), u"\\d\\a.sdf\\b");
+}
+
 TEST(DataFileSetPath, RefusesPatternCharacters) {
     for (const char16_t* name : {u"a?b", u"a*b", u"a|b", u"a<b", u"a>b", u"a\"b"})
         EXPECT_EQ(resolved(name, u"C:\\", nullptr), std::nullopt);
@@ -308,12 +316,12 @@ std::string pattern(std::size_t size, unsigned seed) {
 class DataFileEdits : public testing::TestWithParam<std::size_t> {};
 
 TEST_P(DataFileEdits, InsertDeleteAndReplaceBytes) {
-    const TempFolder folder;
+    const TempFolder folder(FolderPlace::kMemory);
     const std::size_t size = GetParam();
-    const std::string inserted = pattern(40005, 3);
+    const std::string before = pattern(size, 1), inserted = pattern(40005, 3);
     for (const std::size_t offset : {std::size_t{0}, std::size_t{1}, size / 2, size - 1, size}) {
         for (const std::size_t count : {1u, 2u, 32767u, 32768u, 32769u, 40000u}) {
-            std::string plain = pattern(size, 1);
+            std::string plain = before;
             cKoFile file(folder.write("a", plain).c_str(), nullptr, nullptr);
             ASSERT_TRUE(file.OpenExisting(1, 0));
             char first;
@@ -359,7 +367,13 @@ TEST(DataFileEditCases, NoOperations) {
     EXPECT_FALSE(file.InsertBytes(-1, "x", 1));
     EXPECT_FALSE(file.InsertBytes(0, "x", -1));
     EXPECT_FALSE(file.ReplaceBytes(0, -1, "x", 1));
+    EXPECT_FALSE(file.InsertBytes(INT64_MAX, "x", 1));
+    EXPECT_FALSE(file.InsertBytes(INT64_MAX - 1, "xyz", 3));
+    EXPECT_FALSE(file.InsertBytes(1, "x", INT64_MAX)) << "more than any file holds";
+    EXPECT_FALSE(file.ReplaceBytes(INT64_MAX, 1, "x", 1));
+    EXPECT_FALSE(file.ReplaceBytes(INT64_MAX, 0, "x", 1));
     EXPECT_NE(file.lastError, 0u);
+    EXPECT_TRUE(file.DeleteBytes(INT64_MAX, INT64_MAX));
     EXPECT_EQ(folder.read("a"), "abc");
     EXPECT_TRUE(file.ReplaceBytes(1, 1, nullptr, 5)) << "deletes";
     EXPECT_EQ(folder.read("a"), "ac");
