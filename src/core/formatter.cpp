@@ -55,6 +55,7 @@ struct Specification {
 };
 
 constexpr int kMaxCount = 0x7FFFFFFF;
+constexpr int kMaxPrecision = kMaxCount - 8;  // zeros behind the point come on top
 
 template <class Ch>
 class Formatter {
@@ -85,7 +86,7 @@ class Formatter {
         }
         if (*format_ == '.') {
             ++format_;
-            spec.precision = std::max(parseCount(0), -1);
+            spec.precision = std::clamp(parseCount(0), -1, kMaxPrecision);
         }
         if (*format_ == '&') {
             spec.indirect = true;
@@ -405,11 +406,13 @@ Ch* newFormatted(const Ch* format, va_list arguments) noexcept {
 template <class Ch>
 std::uint64_t formatToBuffer(Ch* buffer, std::uint64_t capacity, const Ch* format,
                              va_list arguments) noexcept {
-    copyToBuffer(std::basic_string_view<Ch>(), buffer, buffer ? capacity : 0);
-    return guardValue<std::uint64_t>(0, [&] {
+    // Not before the text is made: the buffer may be one of the arguments.
+    const std::uint64_t written = guardValue<std::uint64_t>(kNotFound, [&] {
         const std::basic_string<Ch> text = formatToString(format, arguments);
         return copyToBuffer(std::basic_string_view<Ch>(text), buffer, capacity);
     });
+    return written != kNotFound ? written
+                                : copyToBuffer(std::basic_string_view<Ch>(), buffer, capacity);
 }
 
 template <class Ch>

@@ -272,6 +272,9 @@ TEST(Formatter, IntoABuffer) {
         EXPECT_EQ(SprintfToBuffer(wide.get(), capacity, u"ab%dcd", 12), count);
         EXPECT_EQ(std::u16string(wide.get()), std::u16string(u"ab12cd", count));
     }
+    char again[20] = "%s;";
+    EXPECT_EQ(SprintfToBufferA(again, 20, again, again), 4u) << "the buffer is an argument";
+    EXPECT_STREQ(again, "%s;;");
     char text[20] = "kept";
     EXPECT_EQ(SprintfToBufferA(text, 0, "x"), 0u);
     EXPECT_STREQ(text, "kept");

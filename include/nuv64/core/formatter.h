@@ -34,8 +34,10 @@ NUV64_API char16_t* NewSprintf(const char16_t* format, ...) NUV64_NOEXCEPT;
 NUV64_API char* NewSprintfA(const char* format, ...) NUV64_NOEXCEPT;
 
 /* The formatted text into a buffer, at most capacity - 1 characters of it and the terminator;
- * capacity all ones for no bound. Result: the number of characters written; 0 with an empty text
- * when memory is short, and 0 for a null buffer or capacity 0. */
+ * capacity all ones for no bound. The buffer may be an argument.
+ *
+ * Result: the number of characters written; 0 with an empty text when memory is short, and 0 for a
+ * null buffer or capacity 0. */
 NUV64_API uint64_t SprintfToBuffer(char16_t* buffer, uint64_t capacity, const char16_t* format,
                                    ...) NUV64_NOEXCEPT;
 NUV64_API uint64_t SprintfToBufferA(char* buffer, uint64_t capacity, const char* format,
