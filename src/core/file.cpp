@@ -37,7 +37,12 @@ std::int64_t readText(std::int64_t handle, Ch* buffer, std::uint64_t chars) noex
 
 bool writeBytes(std::int64_t handle, const void* data, std::uint64_t bytes) noexcept {
     if (!isOpenFile(handle)) return false;
-    return !data || bytes == 0 || platform::writeFile(handle, data, bytes);
+    if (!data || bytes == 0) return true;
+    if (bytes > kLargestCount) {
+        platform::setLastError(platform::kErrorInvalidArgument);
+        return false;
+    }
+    return platform::writeFile(handle, data, bytes);
 }
 
 template <class Ch>

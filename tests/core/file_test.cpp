@@ -149,6 +149,8 @@ TEST(FileReadAndWrite, MoveBytesAndTexts) {
     EXPECT_TRUE(FileWriteBinary(file.value, bytes, sizeof bytes));
     EXPECT_TRUE(FileWriteBinary(file.value, nullptr, 5));
     EXPECT_TRUE(FileWriteBinary(file.value, bytes, 0));
+    EXPECT_FALSE(FileWriteBinary(file.value, bytes, UINT64_MAX)) << "no block is that large";
+    EXPECT_NE(lastError(), 0u);
     EXPECT_TRUE(FileWriteA(file.value, "text"));
     EXPECT_TRUE(FileWriteA(file.value, nullptr));
     EXPECT_TRUE(FileWrite(file.value, u"wide"));

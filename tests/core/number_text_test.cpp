@@ -281,3 +281,21 @@ TEST(RealRounding, MantissaAndExponent) {
     }
     EXPECT_EQ(nuv64::mantissaAndExponent(3.0, nullptr, INT32_MAX), 3.0);
 }
+
+TEST(RealRounding, MantissasAreThoseOfRepeatedDivision) {
+    for (int binary = 0; binary < 1024; ++binary) {
+        // 1.25 decides how many bits of exponent a tenth loses.
+        for (const double leading : {1.0, 1.25, 1.5625, 1.953125, 2.0}) {
+            double value = std::nextafter(std::ldexp(leading, binary), 0.0);
+            for (int i = 0; i < 3 && std::isfinite(value);
+                 ++i, value = std::nextafter(value, kInfinity)) {
+                double plain = value;
+                std::int32_t steps = 0, exponent = 7;
+                for (; plain >= 10; ++steps) plain /= 10;
+                for (; plain < 1; --steps) plain *= 10;
+                ASSERT_EQ(nuv64::mantissaAndExponent(-value, &exponent, 10), -plain) << value;
+                ASSERT_EQ(exponent, steps) << value;
+            }
+        }
+    }
+}

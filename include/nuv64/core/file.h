@@ -45,8 +45,8 @@ NUV64_API int64_t FileReadBinary(int64_t handle, void* buffer, uint64_t bytes) N
 NUV64_API int64_t FileRead(int64_t handle, char16_t* buffer, uint64_t chars) NUV64_NOEXCEPT;
 NUV64_API int64_t FileReadA(int64_t handle, char* buffer, uint64_t chars) NUV64_NOEXCEPT;
 
-/* Writes bytes bytes at the file pointer. False for no file and when not all could be written; true
- * for null data or 0 bytes. */
+/* Writes bytes bytes at the file pointer. False for no file, for more than 2^63 - 1 bytes and when
+ * not all could be written; true for null data or 0 bytes. */
 NUV64_API bool FileWriteBinary(int64_t handle, const void* data, uint64_t bytes) NUV64_NOEXCEPT;
 
 /* Writes a text without its terminator, the wide form as 16-bit units. As FileWriteBinary. */

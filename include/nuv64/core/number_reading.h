@@ -9,7 +9,7 @@
  * two lowest count. consumed (may be null) receives the index behind the number; without one, the
  * index of the first character that is not white. White is any character whose absolute value,
  * signed in its own width, is at most 32. The members of a pair differ in character width alone.
- * Where the rounding of an integer reader has something to report it replaces the flags, so that
+ * The rounding of an integer reader replaces the flags of the number that was read, so that
  * NUM_ILLEGALCHAR does not survive it. */
 #ifndef NUV64_CORE_NUMBER_READING_H
 #define NUV64_CORE_NUMBER_READING_H
