@@ -120,6 +120,17 @@ TEST(CinGetKey, TakesOneCharacterOfARedirectedInput) {
     }
 }
 
+TEST(CinGetKey, AnIncompleteCharacterLeavesTheNextOneAlone) {
+    const TypedInput typed("\xE2\x82x\xC3\n12\n\xF0\x9F");
+    EXPECT_EQ(CinGetKey(0), 0xFFFD);
+    EXPECT_EQ(CinGetKey(1), u'x');
+    EXPECT_EQ(CinGetKey(0), 0xFFFD);
+    EXPECT_EQ(taken(CinNewStringA(nullptr)), "") << "the line feed behind it";
+    EXPECT_EQ(taken(CinNewString(nullptr)), u"12");
+    EXPECT_EQ(CinGetKey(0), 0xFFFD);
+    EXPECT_EQ(CinGetKey(0), 26);
+}
+
 TEST(CinGetKey, WaitsForACodeThatIsNotZero) {
     const TypedInput typed(std::string("\0\0x\0", 4));
     EXPECT_EQ(CinGetKey(0), u'x');

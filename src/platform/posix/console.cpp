@@ -15,6 +15,7 @@
 
 #include "platform/posix/native.h"
 #include "platform/posix/terminal.h"
+#include "platform/typed_character.h"
 
 namespace nuv64::platform {
 
@@ -61,28 +62,15 @@ int nextByteAtOnce() noexcept {
     return c;
 }
 
-template <class Next>
-std::uint16_t characterFrom(int lead, Next next) {
-    std::string bytes(1, static_cast<char>(lead));
-    const std::size_t length = lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    while (bytes.size() < length) {
-        const int c = next();
-        if (c == EOF) break;
-        if ((c & 0xC0) != 0x80) {
-            keepTypedAhead(std::string(1, static_cast<char>(c)));
-            break;
-        }
-        bytes += static_cast<char>(c);
-    }
-    const std::u16string text = wideFromUtf8(bytes);
-    return text.size() == 1 ? text[0] : std::uint16_t{0xFFFD};
+void keepByte(int c) {
+    keepTypedAhead(std::string(1, static_cast<char>(c)));
 }
 
 std::uint16_t streamKey(bool wait) {
     int c = wait ? nextByte() : nextByteAtOnce();
     while (wait && c == 0) c = nextByte();
     if (c == EOF) return !wait && errno == EAGAIN ? std::uint16_t{0} : kEndOfInput;
-    return characterFrom(c, nextByte);
+    return characterFrom(c, nextByte, keepByte);
 }
 
 // The sequence of a cursor or function key behind its escape; false for the escape key itself.
@@ -90,7 +78,7 @@ bool skipKeySequence(const KeyMode& keys) {
     const int kind = keys.nextSoon();
     if (kind == EOF) return false;
     if (kind != '[' && kind != 'O') {
-        keepTypedAhead(std::string(1, static_cast<char>(kind)));
+        keepByte(kind);
         return false;
     }
     for (int c = keys.nextSoon(); c != EOF && (c < 0x40 || c > 0x7E);) c = keys.nextSoon();
@@ -111,7 +99,8 @@ std::uint16_t terminalKey(bool wait) {
         if (byte.value == '\n') return kEnter;
         if (byte.value == kEscape && skipKeySequence(keys)) continue;
         if (byte.value == 0) continue;
-        return characterFrom(byte.value, [&] { return keys.nextSoon(); });
+        return characterFrom(
+            byte.value, [&] { return keys.nextSoon(); }, keepByte);
     }
 }
 

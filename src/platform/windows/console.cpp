@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
+#include "platform/typed_character.h"
 #include "platform/windows/native.h"
 
 namespace nuv64::platform {
@@ -59,9 +61,13 @@ bool readConsole(HANDLE console, std::u16string& line, std::size_t limit) {
     }
 }
 
+// A byte that was read behind an incomplete character: it comes first.
+int heldByte = EOF;
+
 // The next byte of a redirected input, or EOF; one by one, so that nothing is taken from a command
 // that reads the same input.
 int nextByte(HANDLE stream) noexcept {
+    if (heldByte != EOF) return std::exchange(heldByte, EOF);
     unsigned char byte = 0;
     DWORD got = 0;
     return ::ReadFile(stream, &byte, 1, &got, nullptr) && got == 1 ? byte : EOF;
@@ -109,7 +115,7 @@ std::uint16_t consoleKey(HANDLE console, bool wait) noexcept {
 // Whether a read of a redirected input would have to wait.
 bool mustWait(HANDLE stream) noexcept {
     DWORD bytes = 0;
-    return ::GetFileType(stream) == FILE_TYPE_PIPE &&
+    return heldByte == EOF && ::GetFileType(stream) == FILE_TYPE_PIPE &&
            ::PeekNamedPipe(stream, nullptr, 0, nullptr, &bytes, nullptr) && bytes == 0;
 }
 
@@ -118,15 +124,8 @@ std::uint16_t streamKey(HANDLE stream, bool wait) {
     int c = nextByte(stream);
     while (wait && c == 0) c = nextByte(stream);
     if (c == EOF) return kEndOfInput;
-    std::string bytes(1, static_cast<char>(c));
-    const std::size_t length = c < 0xC2 ? 1 : c < 0xE0 ? 2 : c < 0xF0 ? 3 : 4;
-    while (bytes.size() < length) {
-        c = nextByte(stream);
-        if (c == EOF) break;
-        bytes += static_cast<char>(c);
-    }
-    const std::u16string text = wideFromUtf8(bytes);
-    return text.size() == 1 ? text[0] : std::uint16_t{0xFFFD};
+    return characterFrom(
+        c, [&] { return nextByte(stream); }, [](int byte) { heldByte = byte; });
 }
 
 }  // namespace
