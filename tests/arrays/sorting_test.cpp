@@ -95,6 +95,74 @@ TEST(Sorting, CompanionsStayWithTheirKeys) {
     }
 }
 
+// The heap sort as written: the place of each record of the sorted array in the one before.
+// `before` compares two places.
+template <class Before>
+std::vector<uint64_t> plainHeapSort(uint64_t n, Before before) {
+    std::vector<uint64_t> place(n);
+    std::iota(place.begin(), place.end(), uint64_t{0});
+    for (uint64_t left = n / 2, right = n - 1; n > 1;) {
+        uint64_t held;
+        if (left > 0) {
+            held = place[--left];
+        } else {
+            held = place[right];
+            place[right] = place[0];
+            if (--right == 0) {
+                place[0] = held;
+                break;
+            }
+        }
+        uint64_t i = left;
+        for (uint64_t j = 2 * i + 1; j <= right; j = 2 * j + 1) {
+            if (j < right && before(place[j], place[j + 1])) ++j;
+            if (!before(held, place[j])) break;
+            place[i] = place[j];
+            i = j;
+        }
+        place[i] = held;
+    }
+    return place;
+}
+
+TEST(Sorting, OrderOfEqualAndOfUnorderedKeysIsThatOfThePlainForm) {
+    for (uint64_t n : samples::lengths()) {
+        auto sets = keySets(n);
+        sets.push_back(samples::rough(n));
+        for (const auto& keys : sets) {
+            const auto expected =
+                plainHeapSort(n, [&](uint64_t i, uint64_t j) { return keys[i] < keys[j]; });
+            auto key = keys;
+            std::vector<uint64_t> place(n);
+            std::iota(place.begin(), place.end(), uint64_t{0});
+            RArrHeapSortR(key.data(), n, place.data(), nullptr, nullptr, nullptr, nullptr, nullptr);
+            EXPECT_EQ(place, expected);
+            auto alone = keys;
+            RArrIpHeapSort(n, alone.data(), 1);
+            EXPECT_EQ(samples::bits(alone), samples::bits(key));
+            const auto downward =
+                plainHeapSort(n, [&](uint64_t i, uint64_t j) { return keys[i] > keys[j]; });
+            for (uint64_t i = 0; i < n; ++i) key[i] = keys[downward[i]];
+            alone = keys;
+            RArrIpHeapSort(n, alone.data(), -1);
+            EXPECT_EQ(samples::bits(alone), samples::bits(key));
+        }
+        const auto random = samples::random(n, 4);
+        std::vector<uint64_t> first(n), place(n);
+        std::vector<double> second = samples::rough(n, 5);
+        for (uint64_t i = 0; i < n; ++i) {
+            first[i] = static_cast<uint64_t>(std::fabs(random[i])) / 3;
+            second[i] = std::trunc(second[i] / 4.0);
+            place[i] = i;
+        }
+        const auto expected = plainHeapSort(n, [&](uint64_t i, uint64_t j) {
+            return first[i] != first[j] ? first[i] < first[j] : second[i] < second[j];
+        });
+        RArrHeapSortDR(first.data(), second.data(), n, nullptr, place.data(), nullptr);
+        EXPECT_EQ(place, expected);
+    }
+}
+
 TEST(Sorting, AllSixCompanionsMove) {
     double key[] = {5, 1, 4, 2, 3};
     double c[6][5];
