@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "arrays/matrix_samples.h"
 #include "arrays/plain_matrices.h"
@@ -172,6 +173,20 @@ TEST(SymmetricEigenproblem, BrokenValuesEndWithoutConvergence) {
         EXPECT_EQ(RMatDiagonalize(a.data(), 6, values.data()), 0u);
         EXPECT_LT(orthogonality(a, 6, 6), 1e-14);
     }
+}
+
+// A few units of the smallest number go in circles for ever. As many sweeps are made as are allowed
+// for one eigenvalue, 4*n + 10, and no more: each one turns the columns.
+TEST(SymmetricEigenproblem, SweepsAreCounted) {
+    const double unit = std::numeric_limits<double>::denorm_min();
+    const uint64_t n = 3;
+    const Values d0(n, -4.0 * unit), e0{0.0, unit, unit}, identity{1, 0, 0, 0, 1, 0, 0, 0, 1};
+    Values d(d0), e(e0), z(identity), plainD(d0), plainE(e0), plainZ(identity);
+    EXPECT_EQ(RMatTriDiQL(z.data(), n, d.data(), e.data()), 3u);
+    EXPECT_FALSE(plain::iterateQl(plainZ, n, plainD, plainE));
+    EXPECT_EQ(z, plainZ);
+    EXPECT_EQ(d, plainD);
+    EXPECT_EQ(e, plainE);
 }
 
 TEST(SymmetricEigenproblem, Arguments) {

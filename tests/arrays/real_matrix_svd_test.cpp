@@ -193,6 +193,10 @@ TEST(SingularValues, BrokenValuesEndWithoutConvergence) {
     }
     Values a(9, samples::kQuietNan);
     EXPECT_EQ(decompose(a, 3, 3, 3, 22).status, 39u);
+    // The reciprocal of a norm of 2^-1024 overflows.
+    const double tiny = 0x1p-1024;
+    EXPECT_EQ(decompose({tiny, 0, 0, tiny}, 2, 2, 2, 22).status, 39u);
+    EXPECT_EQ(decompose({2 * tiny, 0, 0, 2 * tiny}, 2, 2, 2, 22).status, 0u);
 }
 
 TEST(SingularValues, BackSubstitution) {

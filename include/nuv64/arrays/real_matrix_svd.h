@@ -12,7 +12,9 @@ NUV64_BEGIN_DECLS
  * decimal number job says what U is: 0 none, 1 the full rows by rows, 2 or more the thin rows by k.
  * A units digit other than 0 asks for V, cols by cols.
  * Status: 22 null A or a size of 0; 18 null S, or U or V null though asked for; 39 when one value
- * takes more than 100 passes (not-a-numbers and infinities do), with S as far as it came; 0x80001.
+ * takes more than 100 passes, with S as far as it came; 0x80001; 0. Not-a-numbers and infinities
+ * end in 39 or, where there is nothing to iterate, in S. So does a column or row to reduce whose
+ * norm isn't 0 and at most 2^-1024, about 5.6e-309: its reciprocal is infinite.
  * Singular values hold to a few times max(rows, cols) * 2^-52 * S[0]; U and V are orthogonal within
  * the same factor.
  * Source: Householder bidiagonalisation and implicit-shift QR after G. H. Golub and C. Reinsch,
