@@ -10,6 +10,7 @@
 #include "nuv64/arrays/real_matrix.h"
 #include "nuv64/arrays/real_matrix_inverse.h"
 #include "nuv64/arrays/real_matrix_products.h"
+#include "nuv64/numeric/real_factorials.h"
 
 using namespace nuv64;
 
@@ -17,13 +18,6 @@ namespace {
 
 constexpr uint32_t kGivenSettings = 1;  // order and points come from the caller
 constexpr uint32_t kDerivative = 2;     // derivatives, not Taylor coefficients
-
-// d! as a double: exact up to 22!, within an error of d*2^-53 above.
-double factorial(uint64_t d) noexcept {
-    double product = 1.0;
-    for (uint64_t k = 2; k <= d && std::isfinite(product); ++k) product *= static_cast<double>(k);
-    return product;
-}
 
 // The input with its first element repeated `before` times and its last one `after` times.
 Owned<double> paddedCopy(uint64_t n, const double* in, uint64_t before, uint64_t after) {
@@ -91,7 +85,7 @@ double* newCoefficients(uint64_t d, uint64_t points, uint64_t order, double shif
     if (RMatInvert(gram.get(), terms, solution.get(), 1) != kSuccess) return nullptr;
     RMatByRArr(powers.get(), static_cast<uint32_t>(points), static_cast<uint32_t>(terms),
                solution.get(), coefficients.get());
-    RArrIpMulConst(points, coefficients.get(), factorial(d));
+    RArrIpMulConst(points, coefficients.get(), rFactorial(static_cast<int64_t>(d)));
     *gain = std::sqrt(RArrDotProduct(points, coefficients.get(), coefficients.get()));
     return coefficients.release();
 }
@@ -110,7 +104,7 @@ struct EndFitSettings {
 };
 
 void divideByFactorial(uint64_t n, double* out, double* gain, uint64_t d) noexcept {
-    const double divisor = factorial(d);
+    const double divisor = rFactorial(static_cast<int64_t>(d));
     for (uint64_t i = 0; i < n; ++i) out[i] /= divisor;
     *gain /= divisor;
 }
