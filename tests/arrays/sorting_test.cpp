@@ -140,6 +140,9 @@ TEST(Sorting, OrderOfEqualAndOfUnorderedKeysIsThatOfThePlainForm) {
             auto alone = keys;
             RArrIpHeapSort(n, alone.data(), 1);
             EXPECT_EQ(samples::bits(alone), samples::bits(key));
+            alone = keys;
+            RArrHeapSortR(alone.data(), n, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+            EXPECT_EQ(samples::bits(alone), samples::bits(key));
             const auto downward =
                 plainHeapSort(n, [&](uint64_t i, uint64_t j) { return keys[i] > keys[j]; });
             for (uint64_t i = 0; i < n; ++i) key[i] = keys[downward[i]];
