@@ -45,6 +45,26 @@ TEST(Sorting, AscendingAndDescending) {
     }
 }
 
+TEST(Sorting, AMillionElementsWithACompanion) {
+    const std::vector<double> keys = samples::random(samples::kLong);
+    std::vector<double> expected = keys, sorted = keys, companion = keys;
+    std::sort(expected.begin(), expected.end());
+    RArrIpHeapSort(sorted.size(), sorted.data(), 1);
+    EXPECT_TRUE(sorted == expected);
+    RArrIpHeapSort(sorted.size(), sorted.data(), 1);  // already in order
+    EXPECT_TRUE(sorted == expected);
+    std::reverse(sorted.begin(), sorted.end());
+    RArrHeapSortR(sorted.data(), sorted.size(), companion.data(), nullptr, nullptr, nullptr,
+                  nullptr, nullptr);
+    EXPECT_TRUE(sorted == expected);
+    sorted = keys;
+    companion = keys;
+    RArrHeapSortR(sorted.data(), sorted.size(), companion.data(), nullptr, nullptr, nullptr,
+                  nullptr, nullptr);
+    EXPECT_TRUE(sorted == expected);
+    EXPECT_TRUE(companion == expected);
+}
+
 TEST(Sorting, NullAndEmpty) {
     double one = 1.0;
     EXPECT_EQ(RArrIpHeapSort(0, &one, 1), nullptr);
