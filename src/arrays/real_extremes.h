@@ -100,7 +100,7 @@ class ExtremeSearch {
 // One pass over memory for one or several searches; n is not 0.
 template <class... Searches>
 void searchAll(uint64_t n, Searches&... searches) noexcept {
-    constexpr uint64_t kBlock = 1024;
+    constexpr uint64_t kBlock = 256;
     for (uint64_t start = 0; start < n; start += kBlock) {
         const uint64_t length = n - start < kBlock ? n - start : kBlock;
         (searches.block(start, length), ...);
