@@ -96,10 +96,10 @@ double rSignedPower(double x, double p) noexcept {
 }
 
 double ruPower(double x, uint64_t n) noexcept {
-    double power = 1.0;
-    for (; n != 0; n >>= 1) {
-        if (n & 1) power *= x;
+    double power = n & 1 ? x : 1.0;
+    while (n >>= 1) {
         x *= x;
+        if (n & 1) power *= x;
     }
     return power;
 }
