@@ -5,6 +5,7 @@
 
 #include "arrays/element_loops.h"
 #include "arrays/integer_powers.h"
+#include "numeric/sign_transfer.h"
 #include "nuv64/numeric/real_powers.h"
 
 using namespace nuv64;
@@ -12,10 +13,6 @@ using namespace nuv64;
 namespace {
 
 constexpr uint64_t kBlock = 64;
-
-double withSignOf(double x, double power) noexcept {
-    return x < 0.0 ? -power : power;
-}
 
 // The power of the magnitude, finished by finish(x, power), a block at a time.
 template <class Finish>

@@ -219,7 +219,7 @@ uint32_t RArrSplineEx(const double* x, const double* y, uint64_t n, const double
             for (; k < m && rIsBetweenAtoB(t[k], low, high); ++k) {
                 out[k] = polynomial.derivative(t[k], 0);
             }
-            polynomial.carryTo(high);
+            if (segment.right < n - 1) polynomial.carryTo(high);
             start = segment.right;
         }
         return uint32_t{kSuccess};

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/guard.h"
+#include "core/optional_output.h"
 #include "core/owned.h"
 #include "nuv64/core/file_dialog.h"
 #include "nuv64/core/system.h"
@@ -85,10 +86,6 @@ WaitResult waitFor(OsProcess* record, std::uint32_t milliseconds) {
     platform::setLastError(0);
     if (!record || !platform::isHandle(record->process)) return WaitResult::kFailed;
     return platform::waitForProcess(record->process, milliseconds, record->exitCode);
-}
-
-void store(std::uint64_t* target, std::uint64_t value) noexcept {
-    if (target) *target = value;
 }
 
 }  // namespace

@@ -12,6 +12,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "core/optional_output.h"
+
 namespace nuv64 {
 
 inline constexpr std::uint32_t kRoundingInexact = 0x40;
@@ -71,19 +73,15 @@ inline std::int64_t truncateToQlong(double x) noexcept {
 
 namespace detail {
 
-inline void setFlags(std::uint32_t* flags, std::uint32_t value) noexcept {
-    if (flags) *flags = value;
-}
-
 // x lies in the range of Integer already.
 template <class Integer>
 Integer roundInRange(double x, std::uint32_t* flags) noexcept {
     if (std::fabs(x) >= kLastRealWithUnits) {
-        setFlags(flags, kRoundingPrecisionLimit);
+        store(flags, kRoundingPrecisionLimit);
         return static_cast<Integer>(x);
     }
     const double rounded = roundHalfAway(x);
-    setFlags(flags, rounded == x ? 0 : kRoundingInexact);
+    store(flags, rounded == x ? 0 : kRoundingInexact);
     return static_cast<Integer>(rounded);
 }
 
@@ -115,27 +113,27 @@ inline double dividedByTens(double magnitude, std::int32_t& steps) noexcept {
 
 // The four below replace *flags (which may be null). A not-a-number counts as below the range.
 inline std::int32_t realRoundToLong(double x, std::uint32_t* flags = nullptr) noexcept {
-    if (!(x > -2147483647.5)) return detail::setFlags(flags, kLongUnderflow), -0x7FFFFFFF;
-    if (x >= 2147483647.5) return detail::setFlags(flags, kLongOverflow), 0x7FFFFFFF;
+    if (!(x > -2147483647.5)) return store(flags, kLongUnderflow), -0x7FFFFFFF;
+    if (x >= 2147483647.5) return store(flags, kLongOverflow), 0x7FFFFFFF;
     return detail::roundInRange<std::int32_t>(x, flags);
 }
 
 inline std::int64_t realRoundToQlong(double x, std::uint32_t* flags = nullptr) noexcept {
     constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max();
-    if (!(x > -kTwoTo63)) return detail::setFlags(flags, kQlongUnderflow), -limit;
-    if (x >= kTwoTo63) return detail::setFlags(flags, kQlongOverflow), limit;
+    if (!(x > -kTwoTo63)) return store(flags, kQlongUnderflow), -limit;
+    if (x >= kTwoTo63) return store(flags, kQlongOverflow), limit;
     return detail::roundInRange<std::int64_t>(x, flags);
 }
 
 inline std::uint32_t realRoundToDword(double x, std::uint32_t* flags = nullptr) noexcept {
-    if (!(x >= 0.0)) return detail::setFlags(flags, kDwordUnderflow), 0;
-    if (x >= 4294967294.5) return detail::setFlags(flags, kDwordOverflow), 0xFFFFFFFE;
+    if (!(x >= 0.0)) return store(flags, kDwordUnderflow), 0;
+    if (x >= 4294967294.5) return store(flags, kDwordOverflow), 0xFFFFFFFE;
     return detail::roundInRange<std::uint32_t>(x, flags);
 }
 
 inline std::uint64_t realRoundToQword(double x, std::uint32_t* flags = nullptr) noexcept {
-    if (!(x >= 0.0)) return detail::setFlags(flags, kQwordUnderflow), 0;
-    if (x >= kTwoTo64) return detail::setFlags(flags, kQwordOverflow), 0xFFFFFFFFFFFFFFFE;
+    if (!(x >= 0.0)) return store(flags, kQwordUnderflow), 0;
+    if (x >= kTwoTo64) return store(flags, kQwordOverflow), 0xFFFFFFFFFFFFFFFE;
     return detail::roundInRange<std::uint64_t>(x, flags);
 }
 

@@ -1,16 +1,13 @@
 #include "nuv64/core/screen.h"
 
 #include "core/guard.h"
+#include "core/optional_output.h"
 #include "core/system_text.h"
 #include "platform/screen.h"
 
 namespace nuv64 {
 
 namespace {
-
-void store(std::int32_t* target, std::int32_t value) noexcept {
-    if (target) *target = value;
-}
 
 template <class Ch>
 bool isWindowPresent(const Ch* title) noexcept {

@@ -1,15 +1,12 @@
 #include "nuv64/core/thread.h"
 
 #include "core/guard.h"
+#include "core/optional_output.h"
 #include "platform/process.h"
 
 namespace nuv64 {
 
 namespace {
-
-void store(std::uint64_t* target, std::uint64_t value) noexcept {
-    if (target) *target = value;
-}
 
 // Runs body on a handle that may be one; failure for no handle.
 template <class Result, class Body>

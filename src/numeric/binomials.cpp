@@ -66,7 +66,7 @@ double asReal(const SignedBinomial& top, uint64_t k) {
 }  // namespace
 
 uint64_t uBinomial(uint64_t n, uint64_t k, uint32_t* flags) noexcept {
-    setWord(flags, 0);
+    store(flags, 0);
     if (k == 0 || k == n) return 1;
     if (k > n) return 0;
     k = std::min(k, n - k);
@@ -87,7 +87,7 @@ uint64_t uCountMultisets(uint64_t n, uint64_t k, uint32_t* flags) noexcept {
 }
 
 int64_t iBinomial(int64_t n, int64_t k, uint32_t* flags) noexcept {
-    setWord(flags, 0);
+    store(flags, 0);
     if (k == 0) return 1;
     if (k == 1) return n;
     if (k < 0) return 0;
@@ -96,7 +96,7 @@ int64_t iBinomial(int64_t n, int64_t k, uint32_t* flags) noexcept {
 }
 
 int64_t iCountMultisets(int64_t n, int64_t k, uint32_t* flags) noexcept {
-    setWord(flags, 0);
+    store(flags, 0);
     if (k == 0) return 1;
     if (k == 1) return n;
     if (k < 0) return 0;

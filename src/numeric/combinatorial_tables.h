@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "core/optional_output.h"
 #include "numeric/modular.h"
 #include "nuv64/core/number_reading.h"
 
@@ -14,17 +15,13 @@ inline constexpr std::uint64_t kNoUnsigned = std::numeric_limits<std::uint64_t>:
 inline constexpr std::int64_t kNoSigned = std::numeric_limits<std::int64_t>::min();
 inline constexpr std::uint64_t kTwoTo63Whole = std::uint64_t{1} << 63;
 
-inline void setWord(std::uint32_t* flags, std::uint32_t value) noexcept {
-    if (flags) *flags = value;
-}
-
 inline std::uint64_t overflow(std::uint32_t* flags) noexcept {
-    setWord(flags, NUM_OVERFLOW);
+    store(flags, NUM_OVERFLOW);
     return kNoUnsigned;
 }
 
 inline std::int64_t signedOverflow(std::uint32_t* flags) noexcept {
-    setWord(flags, NUM_OVERFLOW);
+    store(flags, NUM_OVERFLOW);
     return kNoSigned;
 }
 

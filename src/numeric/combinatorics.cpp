@@ -15,7 +15,7 @@ constexpr uint32_t kAboveSigned = NUM_I64OVERFLOW | NUM_OVERFLOW;
 
 template <std::size_t size>
 uint64_t lookUp(const std::array<uint64_t, size>& table, uint64_t n, uint32_t* flags) {
-    setWord(flags, 0);
+    store(flags, 0);
     return n < size ? table[n] : overflow(flags);
 }
 
@@ -55,7 +55,7 @@ uint64_t uFactorial(uint64_t n, uint32_t* flags) noexcept {
 }
 
 int64_t iFactorial(int64_t n, uint32_t* flags) noexcept {
-    setWord(flags, 0);
+    store(flags, 0);
     return n < 0 ? 0 : toSigned(uFactorial(static_cast<uint64_t>(n), flags));
 }
 
@@ -65,10 +65,10 @@ uint64_t uDoubleFactorial(uint64_t n, uint32_t* flags) noexcept {
 
 int64_t iDoubleFactorial(int64_t n, uint32_t* flags) noexcept {
     if (n >= 0) return toSigned(uDoubleFactorial(static_cast<uint64_t>(n), flags));
-    setWord(flags, 0);
+    store(flags, 0);
     if (n == -1) return 1;
     if (n == -3) return -1;
-    setWord(flags, n % 2 != 0 ? NUM_UNDEFINED | NUM_FRACTIONAL : NUM_UNDEFINED);
+    store(flags, n % 2 != 0 ? NUM_UNDEFINED | NUM_FRACTIONAL : NUM_UNDEFINED);
     return kNoSigned;
 }
 
@@ -81,7 +81,7 @@ uint64_t uBellNumber(uint64_t n, uint32_t* flags) noexcept {
 }
 
 uint64_t uEulerNumber(uint64_t n, uint32_t* flags) noexcept {
-    setWord(flags, 0);
+    store(flags, 0);
     return n % 2 != 0 ? 0 : lookUp(kEulerNumbers, n / 2, flags);
 }
 
@@ -92,16 +92,16 @@ int64_t iEulerNumber(int64_t n, uint32_t* flags) noexcept {
 }
 
 uint64_t uFibonacci(uint64_t n, uint32_t* flags) noexcept {
-    setWord(flags, 0);
+    store(flags, 0);
     if (n < kFibonacciNumbers.size()) return kFibonacciNumbers[n];
-    setWord(flags, kAboveUnsigned);
+    store(flags, kAboveUnsigned);
     return fibonacciPair(n).at;
 }
 
 uint64_t uLucas(uint64_t n, uint32_t* flags) noexcept {
-    setWord(flags, 0);
+    store(flags, 0);
     if (n < kLucasNumbers.size()) return kLucasNumbers[n];
-    setWord(flags, kAboveUnsigned);
+    store(flags, kAboveUnsigned);
     const FibonacciPair pair = fibonacciPair(n);
     return 2 * pair.after - pair.at;
 }
@@ -115,7 +115,7 @@ int64_t iLucas(int64_t n, uint32_t* flags) noexcept {
 }
 
 int64_t iPochhammer(int64_t x, int64_t n, uint32_t* flags) noexcept {
-    setWord(flags, 0);
+    store(flags, 0);
     if (n == 0) return 1;
     if (x == 0) return 0;
     const uint64_t count = magnitude(n);

@@ -6,6 +6,7 @@
 #include "numeric/gamma_reflection.h"
 #include "numeric/horner.h"
 #include "numeric/real_bits.h"
+#include "numeric/sign_transfer.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/digamma.h"
 #include "nuv64/numeric/real_exponential.h"
@@ -18,6 +19,7 @@ using nuv64::horner;
 using nuv64::isNoResult;
 using nuv64::kLnPi;
 using nuv64::sinPi;
+using nuv64::withSignOf;
 
 constexpr double kHalfLn2Pi = 0.9189385332046728;
 constexpr double kStirlingFrom = 8.5;
@@ -58,10 +60,6 @@ double gammaLnOfPositive(double x) {
 // Not-a-number or minus infinity: no reflection leads out of these.
 bool hasNoReflection(double x) {
     return !(x > -HUGE_VAL);
-}
-
-double withSignOf(double s, double magnitude) {
-    return s < 0.0 ? -magnitude : magnitude;
 }
 
 // 1/Gamma(1 + x).

@@ -3,10 +3,13 @@
 #include <cmath>
 #include <utility>
 
+#include "core/optional_output.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/real_elementary.h"
 
 namespace {
+
+using nuv64::store;
 
 constexpr uint16_t kHigh = 256;
 constexpr uint16_t kLow = 512;
@@ -20,18 +23,14 @@ double signedBy(bool negative, double magnitude) {
     return negative ? -magnitude : magnitude;
 }
 
-void setFlag(uint16_t* flag, uint16_t value) {
-    if (flag) *flag = value;
-}
-
 double addToPositive(double a, double b, uint16_t* flag) {
     if (b < 0.0) {
         const double sum = a + b;
-        if (sum == 0.0) setFlag(flag, kLow);
+        if (sum == 0.0) store(flag, kLow);
         return sum;
     }
     if (b >= ___MaxReal - a) {
-        setFlag(flag, kHigh);
+        store(flag, kHigh);
         return ___MaxReal;
     }
     return a + b;
@@ -72,7 +71,7 @@ double rSafeProportion(double a, double b, double c) noexcept {
 }
 
 double rBoundAdd(double a, double b, uint16_t* flag) noexcept {
-    setFlag(flag, 0);
+    store(flag, 0);
     if (a == 0.0) return b;
     if (b == 0.0) return a;
     return a < 0.0 ? -addToPositive(-a, -b, flag) : addToPositive(a, b, flag);
@@ -83,7 +82,7 @@ double rBoundSub(double a, double b, uint16_t* flag) noexcept {
 }
 
 double rBoundMul(double a, double b, uint16_t* flag) noexcept {
-    setFlag(flag, 0);
+    store(flag, 0);
     if (a == 0.0 || b == 0.0) return 0.0;
     const bool negative = (a < 0.0) != (b < 0.0);
     double big = rAbs(a);
@@ -91,35 +90,35 @@ double rBoundMul(double a, double b, uint16_t* flag) noexcept {
     if (small > big) std::swap(big, small);
     const auto logarithm = [&] { return std::log(big) + std::log(small); };
     if (small > 1.0 && big > ___SqrtMaxReal && logarithm() > ___LnMaxReal) {
-        setFlag(flag, kHigh);
+        store(flag, kHigh);
         return signedBy(negative, ___MaxReal);
     }
     if (small <= 1.0 && big < 1.0 && small < ___SqrtMinReal && logarithm() < ___LnMinReal) {
-        setFlag(flag, kLow);
+        store(flag, kLow);
         return signedBy(negative, ___MinReal);
     }
     return a * b;
 }
 
 double rBoundDiv(double a, double b, uint16_t* flag) noexcept {
-    setFlag(flag, 0);
+    store(flag, 0);
     if (a == 0.0) return 0.0;
     const bool negative = (a < 0.0) != (b < 0.0);
     const double dividend = rAbs(a);
     const double divisor = rAbs(b);
     if (b == 0.0 || (divisor < 1.0 && dividend > divisor * ___MaxReal)) {
-        setFlag(flag, kHigh);
+        store(flag, kHigh);
         return signedBy(b == 0.0 ? a < 0.0 : negative, ___MaxReal);
     }
     if (divisor >= 1.0 && divisor * ___MinReal > dividend) {
-        setFlag(flag, kLow);
+        store(flag, kLow);
         return signedBy(negative, ___MinReal);
     }
     return a / b;
 }
 
 double rBoundMod(double a, double m, double* quotient, uint16_t* flag) noexcept {
-    setFlag(flag, 0);
+    store(flag, 0);
     if (m == 0.0) return a;
     const double period = rAbs(m);
     double whole = 0.0;
@@ -127,7 +126,7 @@ double rBoundMod(double a, double m, double* quotient, uint16_t* flag) noexcept 
     if (rest > period) {
         whole = rBoundDiv(rest, period, nullptr);
         if (!(whole + 0.5 > whole)) {
-            setFlag(flag, kPrecisionLost);
+            store(flag, kPrecisionLost);
             rest = 0.0;
         } else {
             whole = std::floor(whole);

@@ -4,6 +4,7 @@
 #include <numbers>
 
 #include "numeric/gamma_reflection.h"
+#include "numeric/sign_transfer.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/combinatorics.h"
 #include "nuv64/numeric/gamma.h"
@@ -14,6 +15,7 @@
 namespace {
 
 using nuv64::kLnPi;
+using nuv64::withSignOf;
 
 constexpr uint64_t kLastExactFactorial = 20;
 constexpr int64_t kLastFactorial = 170;
@@ -34,10 +36,6 @@ double exactDoubleFactorial(int64_t n) {
 double factorialLn(uint64_t n) {
     if (n <= kLastExactFactorial) return rLog(exactFactorial(n));
     return rGammaLn(static_cast<double>(n) + 1.0);
-}
-
-double withSignOf(double x, double magnitude) {
-    return x < 0.0 ? -magnitude : magnitude;
 }
 
 uint64_t magnitudeOf(int64_t n) {

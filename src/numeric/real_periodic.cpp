@@ -3,14 +3,13 @@
 #include <cmath>
 #include <numbers>
 
+#include "core/optional_output.h"
 #include "core/real_rounding.h"
 #include "nuv64/numeric/real_bounded.h"
 
 namespace {
 
-void store(double* target, double value) {
-    if (target) *target = value;
-}
+using nuv64::store;
 
 double roundMagnitude(double x) {
     return x < 0.0 ? -nuv64::roundHalfAway(-x) : nuv64::roundHalfAway(x);

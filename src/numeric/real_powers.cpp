@@ -3,10 +3,13 @@
 #include <cmath>
 
 #include "numeric/horner.h"
+#include "numeric/sign_transfer.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/real_elementary.h"
 
 namespace {
+
+using nuv64::withSignOf;
 
 // Taylor coefficients of (sqrt(1 + x) - 1)/x and (cbrt(1 + x) - 1)/x. The terms left out are
 // below 2^-58 within the branches.
@@ -16,10 +19,6 @@ constexpr double kSqrtShort[] = {1.0 / 2, -1.0 / 8, 1.0 / 16};
 constexpr double kSqrt[] = {1.0 / 2, -1.0 / 8, 1.0 / 16, -5.0 / 128, 7.0 / 256, -21.0 / 1024};
 constexpr double kCbrtShort[] = {1.0 / 3, -1.0 / 9, 5.0 / 81};
 constexpr double kCbrt[] = {1.0 / 3, -1.0 / 9, 5.0 / 81, -10.0 / 243, 22.0 / 729, -154.0 / 6561};
-
-double withSignOf(double x, double magnitude) {
-    return x < 0.0 ? -magnitude : magnitude;
-}
 
 double larger(double a, double b) {
     return a > b ? a : b;

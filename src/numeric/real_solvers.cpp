@@ -2,10 +2,13 @@
 
 #include <cmath>
 
+#include "core/optional_output.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/real_elementary.h"
 
 namespace {
+
+using nuv64::store;
 
 struct End {
     double x;
@@ -23,10 +26,6 @@ double middle(const End& a, const End& b) {
 double falsePosition(const End& a, const End& b) {
     const double w = b.value / (b.value - a.value);
     return w * a.x + (1.0 - w) * b.x;
-}
-
-void store(double* target, double value) {
-    if (target) *target = value;
 }
 
 // A point on an end would replace that end by itself: the bracket can't shrink any more. One that

@@ -3,13 +3,18 @@
 #include <cmath>
 #include <numbers>
 
+#include "core/optional_output.h"
 #include "numeric/horner.h"
+#include "numeric/sign_transfer.h"
 #include "nuv64/core/special_reals.h"
 #include "nuv64/numeric/bessel.h"
 #include "nuv64/numeric/chebyshev.h"
 #include "nuv64/numeric/real_elementary.h"
 
 namespace {
+
+using nuv64::store;
+using nuv64::withSignOf;
 
 constexpr double kPi = std::numbers::pi;
 
@@ -21,10 +26,6 @@ constexpr double kCosT2[] = {1.0 / 2, -1.0 / 24, 1.0 / 720};
 
 constexpr double kLambertEnd = 0.75;  // below it the continued fraction is good to all digits
 constexpr double kLambertLast = 19.0;
-
-double withSignOf(double x, double magnitude) {
-    return x < 0.0 ? -magnitude : magnitude;
-}
 
 // q of tan(x) = x/(1 - x^2 q), q = 1/(3 - x^2/(5 - x^2/(7 - ...))); x2 = x^2.
 double lambertTail(double x2) {
@@ -46,10 +47,6 @@ Direction directionOfTangent(double t) {
     const double cosine = magnitude > 1.0 ? 1.0 / (magnitude * std::sqrt(1.0 + inverse * inverse))
                                           : 1.0 / std::sqrt(1.0 + t * t);
     return {t * cosine, cosine};
-}
-
-void store(double* target, double value) {
-    if (target) *target = value;
 }
 
 }  // namespace

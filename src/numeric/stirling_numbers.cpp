@@ -52,13 +52,13 @@ bool multiplyAndAdd(uint64_t factor, uint64_t* entry, uint64_t left, bool tested
 
 uint64_t reported(Outcome outcome, uint64_t value, uint32_t* flags) {
     if (outcome == Outcome::kDone) return value;
-    setWord(flags, outcome == Outcome::kNoMemory ? kNoMemoryFlag : NUM_OVERFLOW);
+    store(flags, outcome == Outcome::kNoMemory ? kNoMemoryFlag : NUM_OVERFLOW);
     return kNoUnsigned;
 }
 
 // The entries common to both triangles; false when k is none of them.
 bool edgeEntry(uint64_t n, uint64_t k, uint32_t* flags, uint64_t* value) {
-    setWord(flags, 0);
+    store(flags, 0);
     if (k > n || (k == 0 && n > 0)) {
         *value = 0;
     } else if (k == n) {
