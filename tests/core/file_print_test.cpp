@@ -129,7 +129,7 @@ TEST_F(FilePrinting, TheFirstFailureEndsTheCall) {
 #ifndef _WIN32
 TEST(FilePrintingToAFullDisk, Fails) {
     std::int64_t full = FileOpenA("/dev/full", 1 | 2);
-    if (full == -1) GTEST_SKIP();
+    if (full == -1) GTEST_SKIP() << "no device that is always full";
     EXPECT_FALSE(FilePrintA(full, "a", nullptr, nullptr, nullptr));
     EXPECT_EQ(nuv64::platform::lastError(), static_cast<std::uint32_t>(ENOSPC));
     EXPECT_FALSE(FilePrintDwordA(full, nullptr, 1, nullptr, 100000, 10));
