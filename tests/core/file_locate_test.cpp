@@ -210,11 +210,11 @@ TEST(FileLocateCases, Above4GiB) {
 
 #ifndef _WIN32
 TEST(FileLocateCases, AReadErrorIsTold) {
-    std::int64_t folder = FileOpenA("/proc/self/mem", 2);
-    if (folder == -1) GTEST_SKIP() << "folders are not opened as files here";
-    EXPECT_EQ(FileLocateStringA(folder, "a", 0, 0, 0), -1) << "address 0 can't be read";
+    std::int64_t memory = FileOpenA("/proc/self/mem", 2);
+    if (memory == -1) GTEST_SKIP() << "no process memory to read";
+    EXPECT_EQ(FileLocateStringA(memory, "a", 0, 0, 0), -1) << "address 0 can't be read";
     EXPECT_NE(nuv64::platform::lastError(), 0u);
-    FileClose(&folder, 0);
+    FileClose(&memory, 0);
 }
 #endif
 
